@@ -1,0 +1,2 @@
+# Files of this folder, relative to it, for the vd_system library.
+set(VD_FOLDER_SOURCES)
