@@ -3,8 +3,9 @@
 #ifndef NOMINMAX
 #define NOMINMAX
 #endif
-#include <oleauto.h>
 #include <windows.h>
+// windows.h first: oleauto.h builds on its types.
+#include <oleauto.h>
 
 #include <new>
 #include <optional>
