@@ -56,6 +56,16 @@ TEST(Collection, ADuplicateKeyRaises457AndChangesNothing) {
   }
 }
 
+TEST(Collection, TheEmptyTextIsAKeyLikeAnyOther) {
+  Collection<int> c;
+  c.Add(1, u"");
+  EXPECT_TRUE(c.Exists(u""));
+  EXPECT_EQ(c.Item(u""), 1);
+  EXPECT_EQ(ErrorNumberOf([&] { c.Add(2, u""); }), err::kKeyAlreadyInCollection);
+  c.Remove(u"");
+  EXPECT_EQ(c.Count(), 0);
+}
+
 TEST(Collection, PositionsOutOfRangeRaise9) {
   Collection<int> c = Sample();
   for (const int32_t index : {0, -1, 4, 100}) {

@@ -57,6 +57,12 @@ void AppendFixedForm(std::string& out, const std::string& digits, int exponent) 
   }
 }
 
+// The digits are the shortest that read back to the same value, so a value
+// written from its text shows that text again. Automation's own rendering
+// stops at 15 (Single: 7) significant digits instead; the two agree whenever
+// such a text reads back, and differ only for values that need 16 or 17
+// digits (0.1 + 0.2 shows "0.30000000000000004", not "0.3"), which this
+// system keeps apart rather than showing two different values alike.
 // precision: the type's significant decimal digits (15 for Double, 7 for
 // Single); from 10^precision up the exponent form is used.
 template <class F>

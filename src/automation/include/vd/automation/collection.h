@@ -1,8 +1,9 @@
 #pragma once
 // A VB-style Collection: 1-based, optional keys that ignore case (a duplicate
 // key raises 457), insertion before or after a position. A missing key raises
-// 5 and an index out of range 9, as Collection does. Keys are found in constant
-// time; positions are a vector, so inserting and removing move the later items.
+// 5 and an index out of range 9, as Collection does. The empty text is a key
+// like any other. Keys are found in constant time; positions are a vector, so
+// inserting and removing move the later items.
 #include <algorithm>
 #include <cstdint>
 #include <memory>
