@@ -4,7 +4,7 @@
 
 namespace vd::automation {
 namespace {
-constexpr char32_t kReplacement = 0xFFFD;
+constexpr char16_t kReplacement = 0xFFFD;
 
 void AppendUtf16(String& out, char32_t cp) {
   if (cp >= 0x10000) {
@@ -34,6 +34,26 @@ void AppendUtf8(std::string& out, char32_t cp) {
     put(0x80 | (cp & 0x3F));
   }
 }
+
+// The well-formed byte sequences of UTF-8: a lead byte fixes how many
+// continuation bytes follow and the range the first of them must lie in
+// (which excludes overlong forms, surrogates and code points above U+10FFFF).
+struct LeadRule {
+  int extra;
+  unsigned char secondLow;
+  unsigned char secondHigh;
+};
+
+LeadRule RuleFor(unsigned char lead) {
+  if (lead >= 0xC2 && lead <= 0xDF) return {1, 0x80, 0xBF};
+  if (lead == 0xE0) return {2, 0xA0, 0xBF};
+  if (lead == 0xED) return {2, 0x80, 0x9F};
+  if (lead >= 0xE1 && lead <= 0xEF) return {2, 0x80, 0xBF};
+  if (lead == 0xF0) return {3, 0x90, 0xBF};
+  if (lead >= 0xF1 && lead <= 0xF3) return {3, 0x80, 0xBF};
+  if (lead == 0xF4) return {3, 0x80, 0x8F};
+  return {-1, 0, 0};  // 0x80..0xC1 and 0xF5..0xFF never start a character
+}
 }  // namespace
 
 String FromUtf8(std::string_view utf8) {
@@ -42,40 +62,33 @@ String FromUtf8(std::string_view utf8) {
   size_t i = 0;
   while (i < utf8.size()) {
     const auto lead = static_cast<unsigned char>(utf8[i]);
-    int extra = 0;
-    char32_t cp = 0;
     if (lead < 0x80) {
-      cp = lead;
-    } else if ((lead & 0xE0) == 0xC0) {
-      extra = 1;
-      cp = lead & 0x1F;
-    } else if ((lead & 0xF0) == 0xE0) {
-      extra = 2;
-      cp = lead & 0x0F;
-    } else if ((lead & 0xF8) == 0xF0) {
-      extra = 3;
-      cp = lead & 0x07;
-    } else {
-      out.push_back(static_cast<char16_t>(kReplacement));
+      out.push_back(lead);
       ++i;
       continue;
     }
-    bool ok = true;
-    for (int k = 1; k <= extra; ++k) {
-      if (i + k >= utf8.size() || (static_cast<unsigned char>(utf8[i + k]) & 0xC0) != 0x80) {
-        ok = false;
-        break;
-      }
-      cp = (cp << 6) | (static_cast<unsigned char>(utf8[i + k]) & 0x3F);
-    }
-    static constexpr char32_t kMin[] = {0, 0x80, 0x800, 0x10000};
-    if (!ok || cp < kMin[extra] || cp > 0x10FFFF || (cp >= 0xD800 && cp <= 0xDFFF)) {
-      out.push_back(static_cast<char16_t>(kReplacement));
+    const LeadRule rule = RuleFor(lead);
+    if (rule.extra < 0) {
+      out.push_back(kReplacement);
       ++i;
+      continue;
+    }
+    char32_t cp = lead & (0x3F >> rule.extra);
+    size_t k = 1;
+    for (; k <= static_cast<size_t>(rule.extra) && i + k < utf8.size(); ++k) {
+      const auto b = static_cast<unsigned char>(utf8[i + k]);
+      const unsigned char low = k == 1 ? rule.secondLow : 0x80;
+      const unsigned char high = k == 1 ? rule.secondHigh : 0xBF;
+      if (b < low || b > high) break;
+      cp = (cp << 6) | (b & 0x3F);
+    }
+    if (k <= static_cast<size_t>(rule.extra)) {
+      out.push_back(kReplacement);  // the bytes read so far are one ill-formed unit
+      i += k;
       continue;
     }
     AppendUtf16(out, cp);
-    i += static_cast<size_t>(extra) + 1;
+    i += k;
   }
   return out;
 }

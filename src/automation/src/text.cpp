@@ -1,41 +1,28 @@
 #include "vd/automation/text.h"
 
 #include <algorithm>
+#include <iterator>
+
+#include "case_tables.h"
 
 namespace vd::automation {
 namespace {
+template <size_t N>
+char16_t MapCase(const detail::CaseRun (&runs)[N], char16_t c) {
+  const auto* run = std::lower_bound(std::begin(runs), std::end(runs), c,
+                                     [](const detail::CaseRun& r, char16_t x) { return r.last < x; });
+  if (run == std::end(runs) || c < run->first || (c - run->first) % run->stride != 0) return c;
+  return static_cast<char16_t>(c + run->delta);
+}
+
 char16_t UpperChar(char16_t c) {
-  if (c >= u'a' && c <= u'z') return static_cast<char16_t>(c - 0x20);
-  if (c < 0x80) return c;
-  if ((c >= 0xE0 && c <= 0xFE && c != 0xF7)) return static_cast<char16_t>(c - 0x20);
-  if (c == 0xFF) return 0x178;
-  if (c >= 0x100 && c <= 0x17F && c != 0x131 && c != 0x138 && c != 0x149 && c != 0x17F) {
-    // Latin Extended-A pairs: even upper, odd lower, except the 0x139..0x148 and
-    // 0x179..0x17E runs, which are odd upper, even lower.
-    const bool oddUpper = (c >= 0x139 && c <= 0x148) || (c >= 0x179 && c <= 0x17E);
-    if (oddUpper ? (c % 2 == 0) : (c % 2 == 1)) return static_cast<char16_t>(c - 1);
-    return c;
-  }
-  if (c >= 0x3B1 && c <= 0x3C9 && c != 0x3C2) return static_cast<char16_t>(c - 0x20);
-  if (c >= 0x430 && c <= 0x44F) return static_cast<char16_t>(c - 0x20);
-  if (c >= 0x450 && c <= 0x45F) return static_cast<char16_t>(c - 0x50);
-  return c;
+  if (c < 0x80) return c >= u'a' && c <= u'z' ? static_cast<char16_t>(c - 0x20) : c;
+  return MapCase(detail::kUpperRuns, c);
 }
 
 char16_t LowerChar(char16_t c) {
-  if (c >= u'A' && c <= u'Z') return static_cast<char16_t>(c + 0x20);
-  if (c < 0x80) return c;
-  if (c >= 0xC0 && c <= 0xDE && c != 0xD7) return static_cast<char16_t>(c + 0x20);
-  if (c == 0x178) return 0xFF;
-  if (c >= 0x100 && c <= 0x17F && c != 0x130 && c != 0x138 && c != 0x149 && c != 0x17F) {
-    const bool oddUpper = (c >= 0x139 && c <= 0x148) || (c >= 0x179 && c <= 0x17E);
-    if (oddUpper ? (c % 2 == 1) : (c % 2 == 0)) return static_cast<char16_t>(c + 1);
-    return c;
-  }
-  if (c >= 0x391 && c <= 0x3A9 && c != 0x3A2) return static_cast<char16_t>(c + 0x20);
-  if (c >= 0x410 && c <= 0x42F) return static_cast<char16_t>(c + 0x20);
-  if (c >= 0x400 && c <= 0x40F) return static_cast<char16_t>(c + 0x50);
-  return c;
+  if (c < 0x80) return c >= u'A' && c <= u'Z' ? static_cast<char16_t>(c + 0x20) : c;
+  return MapCase(detail::kLowerRuns, c);
 }
 
 bool IsBlankOrTab(char16_t c) { return c == u' ' || c == u'\t'; }

@@ -36,16 +36,26 @@ bool Variant::operator==(const Variant& other) const {
 
 String TypeName(const Variant& v) {
   switch (v.Type()) {
-    case VarType::kEmpty: return u"Empty";
-    case VarType::kNull: return u"Null";
-    case VarType::kInteger: return u"Integer";
-    case VarType::kLong: return u"Long";
-    case VarType::kSingle: return u"Single";
-    case VarType::kDouble: return u"Double";
-    case VarType::kBoolean: return u"Boolean";
-    case VarType::kString: return u"String";
-    case VarType::kObject: return v.AsObject() ? u"Object" : u"Nothing";
-    case VarType::kArray: return u"Variant()";
+    case VarType::kEmpty:
+      return u"Empty";
+    case VarType::kNull:
+      return u"Null";
+    case VarType::kInteger:
+      return u"Integer";
+    case VarType::kLong:
+      return u"Long";
+    case VarType::kSingle:
+      return u"Single";
+    case VarType::kDouble:
+      return u"Double";
+    case VarType::kBoolean:
+      return u"Boolean";
+    case VarType::kString:
+      return u"String";
+    case VarType::kObject:
+      return v.AsObject() ? u"Object" : u"Nothing";
+    case VarType::kArray:
+      return u"Variant()";
   }
   return u"Unknown";
 }

@@ -9,9 +9,18 @@ namespace vd::automation {
 using String = std::u16string;
 using StringView = std::u16string_view;
 
-// UTF-8 <-> UTF-16. Malformed input becomes U+FFFD; nothing throws.
+// UTF-8 <-> UTF-16. Nothing throws. Each maximal ill-formed UTF-8 subsequence
+// becomes one U+FFFD; an unpaired surrogate becomes U+FFFD in UTF-8.
 String FromUtf8(std::string_view utf8);
 std::string ToUtf8(StringView text);
+
+#ifdef _WIN32
+// The process's ANSI code page <-> UTF-16, for the "A" Win32 calls, converted
+// as Windows converts them: a character the code page lacks becomes its
+// default character ("?"). Texts of 2 GiB or more raise error 6.
+String FromAnsi(std::string_view ansi);
+std::string ToAnsi(StringView text);
+#endif
 
 // Decimal text of a whole number, no blanks, no leading zeros ("-12", "0").
 String ToDecimal(long long value);

@@ -1,5 +1,7 @@
 #pragma once
 // A tagged Automation value. Holds exactly one of the kinds below; Empty by default.
+#include <concepts>
+#include <cstddef>
 #include <cstdint>
 #include <memory>
 #include <variant>
@@ -18,7 +20,8 @@ class Variant;
 struct Array {
   int32_t lowerBound = 0;
   std::vector<Variant> items;
-  [[nodiscard]] int32_t UpperBound() const { return lowerBound + static_cast<int32_t>(items.size()) - 1; }
+  // Defined below Variant: the element type must be complete first.
+  [[nodiscard]] int32_t UpperBound() const;
 };
 
 struct NullValue {
@@ -28,20 +31,26 @@ struct NullValue {
 class Variant {
  public:
   Variant() = default;
-  Variant(int16_t v) : value_(v) {}       // NOLINT(google-explicit-constructor)
-  Variant(int32_t v) : value_(v) {}       // NOLINT(google-explicit-constructor)
-  Variant(float v) : value_(v) {}         // NOLINT(google-explicit-constructor)
-  Variant(double v) : value_(v) {}        // NOLINT(google-explicit-constructor)
-  Variant(bool v) : value_(v) {}          // NOLINT(google-explicit-constructor)
-  Variant(String v) : value_(std::move(v)) {}  // NOLINT(google-explicit-constructor)
+  Variant(int16_t v) : value_(v) {}                  // NOLINT(google-explicit-constructor)
+  Variant(int32_t v) : value_(v) {}                  // NOLINT(google-explicit-constructor)
+  Variant(float v) : value_(v) {}                    // NOLINT(google-explicit-constructor)
+  Variant(double v) : value_(v) {}                   // NOLINT(google-explicit-constructor)
+  Variant(bool v) : value_(v) {}                     // NOLINT(google-explicit-constructor)
+  Variant(String v) : value_(std::move(v)) {}        // NOLINT(google-explicit-constructor)
   Variant(const char16_t* v) : value_(String(v)) {}  // NOLINT(google-explicit-constructor)
   Variant(ObjectRef v) : value_(std::move(v)) {}     // NOLINT(google-explicit-constructor)
+  Variant(std::nullptr_t) : value_(ObjectRef()) {}   // NOLINT(google-explicit-constructor) Nothing
+  // Narrow text would silently become a Boolean through the pointer; say u"...".
+  Variant(const char*) = delete;
   Variant(Array v) : value_(std::make_shared<Array>(std::move(v))) {}  // NOLINT(google-explicit-constructor)
-  template <class T>
-    requires std::is_base_of_v<Object, T>
+  template <std::derived_from<Object> T>
   Variant(std::shared_ptr<T> v) : value_(ObjectRef(std::move(v))) {}  // NOLINT(google-explicit-constructor)
 
-  static Variant Null() { Variant v; v.value_ = NullValue{}; return v; }
+  static Variant Null() {
+    Variant v;
+    v.value_ = NullValue{};
+    return v;
+  }
 
   [[nodiscard]] VarType Type() const { return static_cast<VarType>(value_.index()); }
   [[nodiscard]] bool IsEmpty() const { return Type() == VarType::kEmpty; }
@@ -66,6 +75,8 @@ class Variant {
     return std::dynamic_pointer_cast<T>(std::get<ObjectRef>(value_));
   }
 
+  // Same kind and same value (Long 1 differs from Double 1); arrays compare
+  // element by element, objects by identity. Not Automation's "=" operator.
   bool operator==(const Variant& other) const;
 
  private:
@@ -74,6 +85,8 @@ class Variant {
                std::shared_ptr<Array>>
       value_;
 };
+
+inline int32_t Array::UpperBound() const { return lowerBound + static_cast<int32_t>(items.size()) - 1; }
 
 // "Empty", "Null", "Integer", "Long", "Single", "Double", "Boolean", "String",
 // "Nothing" or "Object" for objects, "Variant()" for arrays.

@@ -1,0 +1,185 @@
+#include <gtest/gtest.h>
+
+#include <optional>
+#include <random>
+#include <string>
+#include <vector>
+
+#include "error_number.h"
+#include "vd/automation/collection.h"
+
+namespace vd::automation {
+namespace {
+
+using testing::ErrorNumberOf;
+
+Collection<int> Sample() {
+  Collection<int> c;
+  c.Add(10, u"Alpha");
+  c.Add(20);
+  c.Add(30, u"beta");
+  return c;
+}
+
+std::vector<int> Items(const Collection<int>& c) {
+  std::vector<int> out;
+  for (int32_t i = 1; i <= c.Count(); ++i) out.push_back(c.Item(i));
+  return out;
+}
+
+TEST(Collection, KeysIgnoreCase) {
+  const Collection<int> c = Sample();
+  const struct {
+    String key;
+    bool exists;
+    int item;
+  } cases[] = {
+      {u"Alpha", true, 10}, {u"ALPHA", true, 10}, {u"alpha", true, 10}, {u"BETA", true, 30},
+      {u"gamma", false, 0}, {u"", false, 0},      {u"Alph", false, 0},
+  };
+  for (const auto& k : cases) {
+    EXPECT_EQ(c.Exists(k.key), k.exists) << ToUtf8(k.key);
+    int got = 0;
+    EXPECT_EQ(ErrorNumberOf([&] { got = c.Item(k.key); }), k.exists ? 0 : err::kInvalidProcedureCall) << ToUtf8(k.key);
+    EXPECT_EQ(got, k.item) << ToUtf8(k.key);
+  }
+  EXPECT_EQ(c.KeyOf(1), u"Alpha");
+  EXPECT_EQ(c.KeyOf(2), std::nullopt);
+}
+
+TEST(Collection, ADuplicateKeyRaises457AndChangesNothing) {
+  for (const String key : {u"alpha", u"ALPHA", u"Beta"}) {
+    Collection<int> c = Sample();
+    EXPECT_EQ(ErrorNumberOf([&] { c.Add(99, key); }), err::kKeyAlreadyInCollection) << ToUtf8(key);
+    EXPECT_EQ(ErrorNumberOf([&] { c.AddBefore(1, 99, key); }), err::kKeyAlreadyInCollection) << ToUtf8(key);
+    EXPECT_EQ(Items(c), (std::vector<int>{10, 20, 30}));
+  }
+}
+
+TEST(Collection, TheEmptyTextIsAKeyLikeAnyOther) {
+  Collection<int> c;
+  c.Add(1, u"");
+  EXPECT_TRUE(c.Exists(u""));
+  EXPECT_EQ(c.Item(u""), 1);
+  EXPECT_EQ(ErrorNumberOf([&] { c.Add(2, u""); }), err::kKeyAlreadyInCollection);
+  c.Remove(u"");
+  EXPECT_EQ(c.Count(), 0);
+}
+
+TEST(Collection, PositionsOutOfRangeRaise9) {
+  Collection<int> c = Sample();
+  for (const int32_t index : {0, -1, 4, 100}) {
+    EXPECT_EQ(ErrorNumberOf([&] { (void)c.Item(index); }), err::kSubscriptOutOfRange) << index;
+    EXPECT_EQ(ErrorNumberOf([&] { c.Remove(index); }), err::kSubscriptOutOfRange) << index;
+    EXPECT_EQ(ErrorNumberOf([&] { c.AddAfter(index, 1); }), err::kSubscriptOutOfRange) << index;
+    EXPECT_EQ(ErrorNumberOf([&] { c.AddBefore(index, 1); }), err::kSubscriptOutOfRange) << index;
+  }
+  EXPECT_EQ(ErrorNumberOf([&] { c.Remove(u"nope"); }), err::kInvalidProcedureCall);
+  EXPECT_EQ(Items(c), (std::vector<int>{10, 20, 30}));
+}
+
+TEST(Collection, InsertsAndRemovesKeepKeysOnTheirItems) {
+  Collection<int> c = Sample();
+  c.AddBefore(1, 5, u"first");
+  c.AddAfter(4, 40, u"last");
+  c.AddAfter(2, 15);
+  EXPECT_EQ(Items(c), (std::vector<int>{5, 10, 15, 20, 30, 40}));
+  EXPECT_EQ(c.Item(u"FIRST"), 5);
+  EXPECT_EQ(c.Item(u"beta"), 30);
+  EXPECT_EQ(c.Item(u"Last"), 40);
+
+  c.Remove(u"ALPHA");
+  EXPECT_EQ(Items(c), (std::vector<int>{5, 15, 20, 30, 40}));
+  EXPECT_FALSE(c.Exists(u"alpha"));
+  c.Remove(1);
+  EXPECT_FALSE(c.Exists(u"first"));
+  EXPECT_EQ(c.Item(u"BETA"), 30);
+  c.Add(50, u"alpha");  // a removed key is free again
+  EXPECT_EQ(c.Item(u"Alpha"), 50);
+  c.Item(u"beta") = 33;
+  EXPECT_EQ(c.Item(3), 33);
+  c.Clear();
+  EXPECT_EQ(c.Count(), 0);
+  EXPECT_FALSE(c.Exists(u"beta"));
+}
+
+TEST(Collection, CopiesAreIndependent) {
+  Collection<int> original = Sample();
+  Collection<int> copy = original;
+  copy.Item(u"alpha") = 11;
+  copy.Remove(u"beta");
+  EXPECT_EQ(original.Item(u"alpha"), 10);
+  EXPECT_EQ(original.Item(u"beta"), 30);
+  EXPECT_EQ(copy.Item(u"alpha"), 11);
+  EXPECT_FALSE(copy.Exists(u"beta"));
+
+  Collection<int> assigned;
+  assigned.Add(1, u"other");
+  assigned = original;
+  EXPECT_FALSE(assigned.Exists(u"other"));
+  EXPECT_EQ(Items(assigned), Items(original));
+
+  Collection<int> moved = std::move(assigned);
+  moved.Item(u"ALPHA") = 12;
+  EXPECT_EQ(moved.Item(1), 12);
+  EXPECT_EQ(original.Item(1), 10);
+}
+
+// A model of the rules (a list of items with optional keys, searched one by
+// one) against the collection, under a long random mix of operations.
+TEST(Collection, BehavesLikeALinearListUnderRandomOperations) {
+  struct ModelEntry {
+    int value;
+    std::optional<String> key;
+  };
+  std::vector<ModelEntry> model;
+  Collection<int> c;
+  std::mt19937 random(42);
+  const String keys[] = {u"a", u"A", u"b", u"Tank1", u"TANK1", u"pump", u"\u00E9", u"\u00C9"};
+  auto modelIndexOf = [&](const String& key) -> int32_t {
+    for (size_t i = 0; i < model.size(); ++i)
+      if (model[i].key && EqualsIgnoreCase(*model[i].key, key)) return static_cast<int32_t>(i) + 1;
+    return 0;
+  };
+  for (int step = 0; step < 4000; ++step) {
+    const int op = static_cast<int>(random() % 5);
+    const String& key = keys[random() % std::size(keys)];
+    const bool withKey = random() % 2 == 0;
+    const int32_t count = c.Count();
+    const int32_t position = count == 0 ? 1 : static_cast<int32_t>(random() % static_cast<uint32_t>(count)) + 1;
+    const int value = step;
+    const bool duplicate = withKey && modelIndexOf(key) != 0;
+    std::optional<String> maybeKey = withKey ? std::optional<String>(key) : std::nullopt;
+    if (op == 0) {
+      EXPECT_EQ(ErrorNumberOf([&] { c.Add(value, maybeKey); }), duplicate ? err::kKeyAlreadyInCollection : 0);
+      if (!duplicate) model.push_back({value, maybeKey});
+    } else if (op == 1 && count > 0) {
+      EXPECT_EQ(ErrorNumberOf([&] { c.AddAfter(position, value, maybeKey); }),
+                duplicate ? err::kKeyAlreadyInCollection : 0);
+      if (!duplicate) model.insert(model.begin() + position, {value, maybeKey});
+    } else if (op == 2 && count > 0) {
+      EXPECT_EQ(ErrorNumberOf([&] { c.AddBefore(position, value, maybeKey); }),
+                duplicate ? err::kKeyAlreadyInCollection : 0);
+      if (!duplicate) model.insert(model.begin() + (position - 1), {value, maybeKey});
+    } else if (op == 3 && count > 0) {
+      c.Remove(position);
+      model.erase(model.begin() + (position - 1));
+    } else if (op == 4) {
+      const int32_t index = modelIndexOf(key);
+      EXPECT_EQ(ErrorNumberOf([&] { c.Remove(key); }), index == 0 ? err::kInvalidProcedureCall : 0);
+      if (index != 0) model.erase(model.begin() + (index - 1));
+    }
+    ASSERT_EQ(c.Count(), static_cast<int32_t>(model.size())) << "step " << step;
+    for (size_t i = 0; i < model.size(); ++i) ASSERT_EQ(c.Item(static_cast<int32_t>(i) + 1), model[i].value);
+    for (const String& k : keys) {
+      const int32_t index = modelIndexOf(k);
+      ASSERT_EQ(c.Exists(k), index != 0) << ToUtf8(k) << " step " << step;
+      if (index != 0) {
+        ASSERT_EQ(c.Item(k), model[static_cast<size_t>(index) - 1].value) << ToUtf8(k);
+      }
+    }
+  }
+}
+
+}  // namespace
+}  // namespace vd::automation
