@@ -45,8 +45,8 @@ inline constexpr int32_t kCustom = 105;
 
 // Variable type, shape and scope codes.
 namespace dsvtype {
-inline constexpr int32_t kByte = 1, kUByte = 2, kShort = 3, kUShort = 4, kLong = 5, kULong = 6, kFloat = 7,
-                         kDouble = 8, kText = 9;
+inline constexpr int32_t kByte = 1, kUByte = 2, kShort = 3, kUShort = 4, kLong = 5, kULong = 6, kFloat = 7, kDouble = 8,
+                         kText = 9;
 }  // namespace dsvtype
 namespace shape {
 inline constexpr int32_t kScalar = 1, kVector = 2, kMatrix = 3;
