@@ -35,12 +35,5 @@ INSTANTIATE_TEST_SUITE_P(Texts, ToLatin1Test,
                                            EncodeCase{u"\u20AC1", "?1"}, EncodeCase{u"a\0b"s, "a\0b"s},
                                            EncodeCase{u"\U0001F600", "??"}));
 
-#ifndef _WIN32
-TEST(AnsiText, IsLatin1OffWindows) {
-  EXPECT_EQ(FromAnsiText("\xE4\x80"), u"\u00E4\u0080");
-  EXPECT_EQ(ToAnsiText(u"\u00E4\u20AC"), "\xE4?");
-}
-#endif
-
 }  // namespace
 }  // namespace vd::platform

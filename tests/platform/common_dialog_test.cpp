@@ -68,15 +68,6 @@ TEST(ShowOpenFileDialog, PassesOwnerTextsAndAnswerThrough) {
   EXPECT_EQ(ui.requests[0].defaultExt, u"dat");
 }
 
-TEST(ShowOpenFileDialog, CancelAnswersEmpty) {
-  RecordingUi ui;
-  EXPECT_EQ(modCommonDialog::ShowOpenFileDialog(ui, static_cast<const RecordingUi::Owner*>(nullptr), u"T", u"", u"",
-                                                false, false),
-            u"");
-  ASSERT_EQ(ui.requests.size(), 1u);
-  EXPECT_EQ(ui.requests[0].owner, nullptr);
-}
-
 struct FilterCase {
   std::u16string filter;
   std::u16string expected;
@@ -115,11 +106,6 @@ INSTANTIATE_TEST_SUITE_P(Buffers, TextBeforeDoubleNulTest,
                                            BufferCase{"NoPair", "abc\0d"s, "abc\0d"s},
                                            BufferCase{"TrailingSingleNul", "abc\0"s, "abc\0"s}),
                          testing::ParamLabel());
-
-TEST(FileBuffer, LeavesRoomForTheTerminator) {
-  EXPECT_EQ(modCommonDialog::kFileBufferLength, 32760u);
-  EXPECT_EQ(modCommonDialog::kMaxFileLength, 32759u);
-}
 
 }  // namespace
 }  // namespace vd::platform

@@ -114,11 +114,6 @@ TEST(RegQueryString, PassesHiveAndAnsiNamesThrough) {
   EXPECT_EQ(registry.Queries()[0].valueName, "N\xE4me");
 }
 
-TEST(RegistryHives, AreTheSignExtendedLongs) {
-  EXPECT_EQ(reg::kHkeyLocalMachine, RegHandle{-2147483646});
-  EXPECT_EQ(reg::kHkeyCurrentUser, RegHandle{-2147483647});
-}
-
 // GetDvHome keeps its answer for the process: every test starts from an empty
 // cache and leaves no registry behind.
 class GetDvHomeTest : public ::testing::Test {
@@ -138,16 +133,9 @@ class GetDvHomeTest : public ::testing::Test {
   FakeRegistry registry_;
 };
 
-TEST_F(GetDvHomeTest, ReturnsTheStoredTextAsItIs) {
-  StoreHome(Sz("D:\\Tools\\DV\\"));
+TEST_F(GetDvHomeTest, ReturnsTheStoredTextWithoutItsCountedNul) {
+  StoreHome(Sz("D:\\Tools\\DV\\\0"s));
   EXPECT_EQ(DvReg::GetDvHome(), u"D:\\Tools\\DV\\");
-  ASSERT_EQ(registry_.Opens().size(), 1u);
-  EXPECT_EQ(registry_.Opens()[0].parent, reg::kHkeyLocalMachine);
-}
-
-TEST_F(GetDvHomeTest, DropsTheCountedNul) {
-  StoreHome(Sz("C:\\DV\0"s));
-  EXPECT_EQ(DvReg::GetDvHome(), u"C:\\DV");
 }
 
 TEST_F(GetDvHomeTest, SecondCallDoesNotTouchTheRegistry) {
@@ -162,12 +150,6 @@ TEST_F(GetDvHomeTest, SecondCallDoesNotTouchTheRegistry) {
 TEST_F(GetDvHomeTest, MissingKeyFallsBackToDriveC) {
   EXPECT_EQ(DvReg::GetDvHome(), u"C:\\");
   EXPECT_EQ(registry_.Closes(), std::vector<RegHandle>{0});
-}
-
-TEST_F(GetDvHomeTest, MissingValueFallsBackToDriveC) {
-  registry_.AddKey(reg::kHkeyLocalMachine, "Software\\DataViews\\DVtools\\2.6");
-  EXPECT_EQ(DvReg::GetDvHome(), u"C:\\");
-  EXPECT_EQ(registry_.OpenKeyCount(), 0u);
 }
 
 TEST_F(GetDvHomeTest, FallbackStaysCachedWhenTheValueAppearsLater) {
