@@ -17,9 +17,11 @@ struct GuidLess {
   bool operator()(const GUID& a, const GUID& b) const { return std::memcmp(&a, &b, sizeof(GUID)) < 0; }
 };
 
-// One table per type GUID for this thread (the apartment the objects live in).
-std::map<GUID, std::weak_ptr<MemberIds>, GuidLess>& SharedTables() {
-  thread_local std::map<GUID, std::weak_ptr<MemberIds>, GuidLess> tables;
+// One table per type GUID for this thread (the apartment the objects live
+// in), kept while the thread lives: there are few types, and a type's objects
+// come and go.
+std::map<GUID, std::shared_ptr<MemberIds>, GuidLess>& SharedTables() {
+  thread_local std::map<GUID, std::shared_ptr<MemberIds>, GuidLess> tables;
   return tables;
 }
 
@@ -64,11 +66,9 @@ std::optional<DISPID> MemberIds::Find(IDispatch* dispatch, automation::StringVie
 std::shared_ptr<MemberIds> MemberIdsFor(IDispatch* dispatch) {
   GUID guid = TypeGuidOf(dispatch);
   if (IsEqualGUID(guid, GUID_NULL)) return std::make_shared<MemberIds>();
-  auto& tables = SharedTables();
-  if (auto existing = tables[guid].lock()) return existing;
-  auto created = std::make_shared<MemberIds>();
-  tables[guid] = created;
-  return created;
+  std::shared_ptr<MemberIds>& table = SharedTables()[guid];
+  if (!table) table = std::make_shared<MemberIds>();
+  return table;
 }
 
 }  // namespace vd::win32

@@ -48,6 +48,9 @@ tk::CustomDsvRef CustomOf(tk::Dsv& dsv) {
   return custom;
 }
 
+// The custom members come last: an object that is not custom is exposed
+// without them, so that asking for GetParams tells whether it is custom.
+constexpr size_t kDsCustomMembers = 1;
 const std::array<Member<tk::Ds>, 10> kDsMembers{{
     {u"GetDsName", [](tk::Ds& d, const InvokeArgs&) { return Variant(d.GetDsName()); }},
     {u"SetDsName", [](tk::Ds& d, const InvokeArgs& a) { d.SetDsName(CStr(a.Value(0))); return Variant(); }},
@@ -67,6 +70,7 @@ const std::array<Member<tk::DsvList>, 3> kDsvListMembers{{
     {u"AddDsv", [](tk::DsvList& l, const InvokeArgs&) { return ObjectValue(l.AddDsv()); }},
 }};
 
+constexpr size_t kDsvCustomMembers = 2;
 const std::array<Member<tk::Dsv>, 20> kDsvMembers{{
     {u"GetDsvName", [](tk::Dsv& v, const InvokeArgs&) { return Variant(v.GetDsvName()); }},
     {u"SetDsvName", [](tk::Dsv& v, const InvokeArgs& a) { v.SetDsvName(CStr(a.Value(0))); return Variant(); }},
@@ -167,9 +171,18 @@ bool TryExpose(const automation::ObjectRef& object, const std::array<Member<I>, 
 ComPtr<IDispatch> ExposeObject(const automation::ObjectRef& object) {
   if (!object) return nullptr;
   if (auto live = FindExposedFor(object.get())) return live;
+  if (auto dsv = std::dynamic_pointer_cast<tk::Dsv>(object)) {
+    std::span<const Member<tk::Dsv>> members(kDsvMembers);
+    if (!dsv->AsCustom()) members = members.first(members.size() - kDsvCustomMembers);
+    return ExposeWith<tk::Dsv>(std::move(dsv), members);
+  }
+  if (auto ds = std::dynamic_pointer_cast<tk::Ds>(object)) {
+    std::span<const Member<tk::Ds>> members(kDsMembers);
+    if (!ds->AsCustom()) members = members.first(members.size() - kDsCustomMembers);
+    return ExposeWith<tk::Ds>(std::move(ds), members);
+  }
   ComPtr<IDispatch> exposed;
-  if (TryExpose(object, kDsvMembers, exposed) || TryExpose(object, kDsMembers, exposed) ||
-      TryExpose(object, kDsvListMembers, exposed) || TryExpose(object, kDsListMembers, exposed) ||
+  if (TryExpose(object, kDsvListMembers, exposed) || TryExpose(object, kDsListMembers, exposed) ||
       TryExpose(object, kDisplayMembers, exposed) || TryExpose(object, kParamMembers, exposed) ||
       TryExpose(object, kParamListMembers, exposed) || TryExpose(object, kCustomDsvMembers, exposed) ||
       TryExpose(object, kCustomDsMembers, exposed) || TryExpose(object, kCommunicationMembers, exposed) ||
