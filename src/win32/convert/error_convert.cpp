@@ -11,16 +11,14 @@ namespace {
 
 constexpr uint32_t kAutomationFacilityBits = 0x800A0000u;
 
-bool IsAutomationHResult(HRESULT hr) {
-  return (static_cast<uint32_t>(hr) & 0xFFFF0000u) == kAutomationFacilityBits;
-}
+bool IsAutomationHResult(HRESULT hr) { return (static_cast<uint32_t>(hr) & 0xFFFF0000u) == kAutomationFacilityBits; }
 
 // The system's text for an HRESULT, without the trailing line break.
 automation::String SystemMessage(HRESULT hr) {
   wchar_t* buffer = nullptr;
-  DWORD length = FormatMessageW(FORMAT_MESSAGE_ALLOCATE_BUFFER | FORMAT_MESSAGE_FROM_SYSTEM |
-                                    FORMAT_MESSAGE_IGNORE_INSERTS,
-                                nullptr, static_cast<DWORD>(hr), 0, reinterpret_cast<wchar_t*>(&buffer), 0, nullptr);
+  DWORD length =
+      FormatMessageW(FORMAT_MESSAGE_ALLOCATE_BUFFER | FORMAT_MESSAGE_FROM_SYSTEM | FORMAT_MESSAGE_IGNORE_INSERTS,
+                     nullptr, static_cast<DWORD>(hr), 0, reinterpret_cast<wchar_t*>(&buffer), 0, nullptr);
   automation::String text;
   if (length > 0 && buffer) {
     text = FromWide(buffer);
@@ -59,7 +57,8 @@ automation::AutomationError ErrorForDispatchFailure(HRESULT hr) {
 }  // namespace
 
 HRESULT HResultFromNumber(int32_t number) {
-  if (number > 0 && number <= 0xFFFF) return static_cast<HRESULT>(kAutomationFacilityBits | static_cast<uint32_t>(number));
+  if (number > 0 && number <= 0xFFFF)
+    return static_cast<HRESULT>(kAutomationFacilityBits | static_cast<uint32_t>(number));
   if (number < 0) return static_cast<HRESULT>(number);
   return E_FAIL;
 }
@@ -106,7 +105,8 @@ void FillExcepInfo(const automation::AutomationError& error, const wchar_t* sour
   info.scode = HResultFromNumber(error.Number());
   info.bstrSource = SysAllocString(source);
   const automation::String& text = error.Description();
-  info.bstrDescription = SysAllocStringLen(reinterpret_cast<const OLECHAR*>(text.data()), static_cast<UINT>(text.size()));
+  info.bstrDescription =
+      SysAllocStringLen(reinterpret_cast<const OLECHAR*>(text.data()), static_cast<UINT>(text.size()));
 }
 
 HRESULT ReportError(const automation::AutomationError& error, const wchar_t* source, REFIID iid) {

@@ -85,62 +85,128 @@ Variant FromVariant(const VARIANT& value) {
     VariantInit(&view);
     view.vt = static_cast<VARTYPE>(type & ~VT_BYREF);
     switch (view.vt) {
-      case VT_BSTR: view.bstrVal = *value.pbstrVal; break;
-      case VT_DISPATCH: view.pdispVal = *value.ppdispVal; break;
-      case VT_UNKNOWN: view.punkVal = *value.ppunkVal; break;
-      case VT_DECIMAL: view.decVal = *value.pdecVal; view.vt = VT_DECIMAL; break;
-      case VT_I1: case VT_UI1: view.bVal = *value.pbVal; break;
-      case VT_I2: case VT_UI2: case VT_BOOL: view.iVal = *value.piVal; break;
-      case VT_I4: case VT_UI4: case VT_INT: case VT_UINT: case VT_R4: case VT_ERROR: view.lVal = *value.plVal; break;
-      case VT_I8: case VT_UI8: case VT_R8: case VT_CY: case VT_DATE: view.llVal = *value.pllVal; break;
-      default: automation::Raise(automation::err::kTypeMismatch);
+      case VT_BSTR:
+        view.bstrVal = *value.pbstrVal;
+        break;
+      case VT_DISPATCH:
+        view.pdispVal = *value.ppdispVal;
+        break;
+      case VT_UNKNOWN:
+        view.punkVal = *value.ppunkVal;
+        break;
+      case VT_DECIMAL:
+        view.decVal = *value.pdecVal;
+        view.vt = VT_DECIMAL;
+        break;
+      case VT_I1:
+      case VT_UI1:
+        view.bVal = *value.pbVal;
+        break;
+      case VT_I2:
+      case VT_UI2:
+      case VT_BOOL:
+        view.iVal = *value.piVal;
+        break;
+      case VT_I4:
+      case VT_UI4:
+      case VT_INT:
+      case VT_UINT:
+      case VT_R4:
+      case VT_ERROR:
+        view.lVal = *value.plVal;
+        break;
+      case VT_I8:
+      case VT_UI8:
+      case VT_R8:
+      case VT_CY:
+      case VT_DATE:
+        view.llVal = *value.pllVal;
+        break;
+      default:
+        automation::Raise(automation::err::kTypeMismatch);
     }
     return FromVariant(view);
   }
   switch (type) {
-    case VT_EMPTY: return Variant();
-    case VT_NULL: return Variant::Null();
-    case VT_I1: return Variant(static_cast<int16_t>(value.cVal));
-    case VT_UI1: return Variant(static_cast<int16_t>(value.bVal));
-    case VT_I2: return Variant(static_cast<int16_t>(value.iVal));
-    case VT_UI2: return Variant(static_cast<int32_t>(value.uiVal));
-    case VT_I4: return Variant(static_cast<int32_t>(value.lVal));
-    case VT_INT: return Variant(static_cast<int32_t>(value.intVal));
-    case VT_UI4: return FromLong(value.ulVal);
-    case VT_UINT: return FromLong(value.uintVal);
-    case VT_I8: return FromWhole(value.llVal);
+    case VT_EMPTY:
+      return Variant();
+    case VT_NULL:
+      return Variant::Null();
+    case VT_I1:
+      return Variant(static_cast<int16_t>(value.cVal));
+    case VT_UI1:
+      return Variant(static_cast<int16_t>(value.bVal));
+    case VT_I2:
+      return Variant(static_cast<int16_t>(value.iVal));
+    case VT_UI2:
+      return Variant(static_cast<int32_t>(value.uiVal));
+    case VT_I4:
+      return Variant(static_cast<int32_t>(value.lVal));
+    case VT_INT:
+      return Variant(static_cast<int32_t>(value.intVal));
+    case VT_UI4:
+      return FromLong(value.ulVal);
+    case VT_UINT:
+      return FromLong(value.uintVal);
+    case VT_I8:
+      return FromWhole(value.llVal);
     case VT_UI8:
       if (value.ullVal > static_cast<unsigned long long>(std::numeric_limits<long long>::max()))
         return Variant(static_cast<double>(value.ullVal));
       return FromLong(static_cast<long long>(value.ullVal));
-    case VT_R4: return Variant(value.fltVal);
-    case VT_R8: return Variant(value.dblVal);
-    case VT_DATE: return Variant(value.date);
-    case VT_CY: return Variant(static_cast<double>(value.cyVal.int64) / 10000.0);
+    case VT_R4:
+      return Variant(value.fltVal);
+    case VT_R8:
+      return Variant(value.dblVal);
+    case VT_DATE:
+      return Variant(value.date);
+    case VT_CY:
+      return Variant(static_cast<double>(value.cyVal.int64) / 10000.0);
     case VT_DECIMAL: {
       double d = 0;
       DECIMAL decimal = value.decVal;
       if (FAILED(VarR8FromDec(&decimal, &d))) automation::Raise(automation::err::kOverflow);
       return Variant(d);
     }
-    case VT_BOOL: return Variant(value.boolVal != VARIANT_FALSE);
-    case VT_BSTR: return Variant(ToString(value.bstrVal));
-    case VT_DISPATCH: return Variant(ObjectFromDispatch(value.pdispVal));
-    case VT_UNKNOWN: return FromUnknown(value.punkVal);
-    case VT_ERROR: return Variant();  // a missing optional argument
-    default: automation::Raise(automation::err::kTypeMismatch);
+    case VT_BOOL:
+      return Variant(value.boolVal != VARIANT_FALSE);
+    case VT_BSTR:
+      return Variant(ToString(value.bstrVal));
+    case VT_DISPATCH:
+      return Variant(ObjectFromDispatch(value.pdispVal));
+    case VT_UNKNOWN:
+      return FromUnknown(value.punkVal);
+    case VT_ERROR:
+      return Variant();  // a missing optional argument
+    default:
+      automation::Raise(automation::err::kTypeMismatch);
   }
 }
 
 void ToVariant(const Variant& value, VARIANT& out) {
   VariantInit(&out);
   switch (value.Type()) {
-    case automation::VarType::kEmpty: break;
-    case automation::VarType::kNull: out.vt = VT_NULL; break;
-    case automation::VarType::kInteger: out.vt = VT_I2; out.iVal = value.AsInteger(); break;
-    case automation::VarType::kLong: out.vt = VT_I4; out.lVal = value.AsLong(); break;
-    case automation::VarType::kSingle: out.vt = VT_R4; out.fltVal = value.AsSingle(); break;
-    case automation::VarType::kDouble: out.vt = VT_R8; out.dblVal = value.AsDouble(); break;
+    case automation::VarType::kEmpty:
+      break;
+    case automation::VarType::kNull:
+      out.vt = VT_NULL;
+      break;
+    case automation::VarType::kInteger:
+      out.vt = VT_I2;
+      out.iVal = value.AsInteger();
+      break;
+    case automation::VarType::kLong:
+      out.vt = VT_I4;
+      out.lVal = value.AsLong();
+      break;
+    case automation::VarType::kSingle:
+      out.vt = VT_R4;
+      out.fltVal = value.AsSingle();
+      break;
+    case automation::VarType::kDouble:
+      out.vt = VT_R8;
+      out.dblVal = value.AsDouble();
+      break;
     case automation::VarType::kBoolean:
       out.vt = VT_BOOL;
       out.boolVal = value.AsBoolean() ? VARIANT_TRUE : VARIANT_FALSE;

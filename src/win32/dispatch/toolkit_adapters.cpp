@@ -3,12 +3,12 @@
 #include <typeindex>
 
 #include "com/com_ptr.h"
+#include "convert/object_convert.h"
 #include "dispatch/adapt.h"
 #include "dispatch/adapter_cache.h"
 #include "dispatch/dispatch_caller.h"
 #include "dispatch/dispatch_holder.h"
 #include "dispatch/results.h"
-#include "convert/object_convert.h"
 #include "expose/exposed_object.h"
 #include "vd/automation/error.h"
 
@@ -168,16 +168,46 @@ class CommunicationAdapter final : public toolkit::Communication, public Adapter
 
 template <class I>
 struct AdapterOf;
-template <> struct AdapterOf<toolkit::Display> { using Type = DisplayAdapter; };
-template <> struct AdapterOf<toolkit::DsList> { using Type = DsListAdapter; };
-template <> struct AdapterOf<toolkit::Ds> { using Type = DsAdapter; };
-template <> struct AdapterOf<toolkit::DsvList> { using Type = DsvListAdapter; };
-template <> struct AdapterOf<toolkit::Dsv> { using Type = DsvAdapter; };
-template <> struct AdapterOf<toolkit::ParamList> { using Type = ParamListAdapter; };
-template <> struct AdapterOf<toolkit::Param> { using Type = ParamAdapter; };
-template <> struct AdapterOf<toolkit::CustomDs> { using Type = CustomDsAdapter; };
-template <> struct AdapterOf<toolkit::CustomDsv> { using Type = CustomDsvAdapter; };
-template <> struct AdapterOf<toolkit::Communication> { using Type = CommunicationAdapter; };
+template <>
+struct AdapterOf<toolkit::Display> {
+  using Type = DisplayAdapter;
+};
+template <>
+struct AdapterOf<toolkit::DsList> {
+  using Type = DsListAdapter;
+};
+template <>
+struct AdapterOf<toolkit::Ds> {
+  using Type = DsAdapter;
+};
+template <>
+struct AdapterOf<toolkit::DsvList> {
+  using Type = DsvListAdapter;
+};
+template <>
+struct AdapterOf<toolkit::Dsv> {
+  using Type = DsvAdapter;
+};
+template <>
+struct AdapterOf<toolkit::ParamList> {
+  using Type = ParamListAdapter;
+};
+template <>
+struct AdapterOf<toolkit::Param> {
+  using Type = ParamAdapter;
+};
+template <>
+struct AdapterOf<toolkit::CustomDs> {
+  using Type = CustomDsAdapter;
+};
+template <>
+struct AdapterOf<toolkit::CustomDsv> {
+  using Type = CustomDsvAdapter;
+};
+template <>
+struct AdapterOf<toolkit::Communication> {
+  using Type = CommunicationAdapter;
+};
 
 }  // namespace
 
@@ -234,8 +264,8 @@ automation::ObjectRef AdaptLike(const automation::ObjectRef& model, IDispatch* d
   return ObjectFromDispatch(dispatch);
 }
 
-#define VD_ADAPT_INSTANTIATE(I)                                \
-  template std::shared_ptr<I> AdaptAs<I>(IDispatch*);          \
+#define VD_ADAPT_INSTANTIATE(I)                       \
+  template std::shared_ptr<I> AdaptAs<I>(IDispatch*); \
   template std::shared_ptr<I> ObjectResult<I>(const UniqueVariant&);
 VD_ADAPT_INSTANTIATE(toolkit::Display)
 VD_ADAPT_INSTANTIATE(toolkit::DsList)

@@ -29,15 +29,37 @@ void InvokeArgs::SetOut(size_t i, const automation::Variant& value) const {
   if (FAILED(hr)) throw ErrorFromHResult(hr);
   VARIANT moved = converted.Detach();
   switch (type) {
-    case VT_BSTR: SysFreeString(*target.pbstrVal); *target.pbstrVal = moved.bstrVal; break;
+    case VT_BSTR:
+      SysFreeString(*target.pbstrVal);
+      *target.pbstrVal = moved.bstrVal;
+      break;
     case VT_DISPATCH:
       if (*target.ppdispVal) (*target.ppdispVal)->Release();
       *target.ppdispVal = moved.pdispVal;
       break;
-    case VT_I2: case VT_UI2: case VT_BOOL: *target.piVal = moved.iVal; break;
-    case VT_I4: case VT_UI4: case VT_INT: case VT_UINT: case VT_R4: *target.plVal = moved.lVal; break;
-    case VT_I8: case VT_UI8: case VT_R8: case VT_CY: case VT_DATE: *target.pllVal = moved.llVal; break;
-    case VT_I1: case VT_UI1: *target.pbVal = moved.bVal; break;
+    case VT_I2:
+    case VT_UI2:
+    case VT_BOOL:
+      *target.piVal = moved.iVal;
+      break;
+    case VT_I4:
+    case VT_UI4:
+    case VT_INT:
+    case VT_UINT:
+    case VT_R4:
+      *target.plVal = moved.lVal;
+      break;
+    case VT_I8:
+    case VT_UI8:
+    case VT_R8:
+    case VT_CY:
+    case VT_DATE:
+      *target.pllVal = moved.llVal;
+      break;
+    case VT_I1:
+    case VT_UI1:
+      *target.pbVal = moved.bVal;
+      break;
     default:
       VariantClear(&moved);
       automation::Raise(automation::err::kTypeMismatch);

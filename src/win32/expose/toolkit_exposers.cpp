@@ -53,14 +53,22 @@ tk::CustomDsvRef CustomOf(tk::Dsv& dsv) {
 constexpr size_t kDsCustomMembers = 1;
 const std::array<Member<tk::Ds>, 10> kDsMembers{{
     {u"GetDsName", [](tk::Ds& d, const InvokeArgs&) { return Variant(d.GetDsName()); }},
-    {u"SetDsName", [](tk::Ds& d, const InvokeArgs& a) { d.SetDsName(CStr(a.Value(0))); return Variant(); }},
+    {u"SetDsName",
+     [](tk::Ds& d, const InvokeArgs& a) {
+       d.SetDsName(CStr(a.Value(0)));
+       return Variant();
+     }},
     {u"GetDsType", [](tk::Ds& d, const InvokeArgs&) { return Variant(d.GetDsType()); }},
     {u"GetDsVars", [](tk::Ds& d, const InvokeArgs&) { return ObjectValue(d.GetDsVars()); }},
     {u"RemoveDs", [](tk::Ds& d, const InvokeArgs&) { return Variant(d.RemoveDs()); }},
     {u"DsMoveUp", [](tk::Ds& d, const InvokeArgs&) { return Variant(d.DsMoveUp()); }},
     {u"DsMoveDown", [](tk::Ds& d, const InvokeArgs&) { return Variant(d.DsMoveDown()); }},
     {u"GetDsAscii", [](tk::Ds& d, const InvokeArgs&) { return Variant(d.GetDsAscii()); }},
-    {u"SetDsAscii", [](tk::Ds& d, const InvokeArgs& a) { d.SetDsAscii(CBool(a.Value(0))); return Variant(); }},
+    {u"SetDsAscii",
+     [](tk::Ds& d, const InvokeArgs& a) {
+       d.SetDsAscii(CBool(a.Value(0)));
+       return Variant();
+     }},
     {u"GetParams", [](tk::Ds& d, const InvokeArgs&) { return ObjectValue(CustomOf(d)->GetParams()); }},
 }};
 
@@ -73,18 +81,42 @@ const std::array<Member<tk::DsvList>, 3> kDsvListMembers{{
 constexpr size_t kDsvCustomMembers = 2;
 const std::array<Member<tk::Dsv>, 20> kDsvMembers{{
     {u"GetDsvName", [](tk::Dsv& v, const InvokeArgs&) { return Variant(v.GetDsvName()); }},
-    {u"SetDsvName", [](tk::Dsv& v, const InvokeArgs& a) { v.SetDsvName(CStr(a.Value(0))); return Variant(); }},
+    {u"SetDsvName",
+     [](tk::Dsv& v, const InvokeArgs& a) {
+       v.SetDsvName(CStr(a.Value(0)));
+       return Variant();
+     }},
     {u"GetDsvType", [](tk::Dsv& v, const InvokeArgs&) { return Variant(v.GetDsvType()); }},
-    {u"SetDsvType", [](tk::Dsv& v, const InvokeArgs& a) { v.SetDsvType(CLng(a.Value(0))); return Variant(); }},
+    {u"SetDsvType",
+     [](tk::Dsv& v, const InvokeArgs& a) {
+       v.SetDsvType(CLng(a.Value(0)));
+       return Variant();
+     }},
     {u"GetDsvShape", [](tk::Dsv& v, const InvokeArgs&) { return Variant(v.GetDsvShape()); }},
     {u"GetDsvRows", [](tk::Dsv& v, const InvokeArgs&) { return Variant(v.GetDsvRows()); }},
-    {u"SetDsvRows", [](tk::Dsv& v, const InvokeArgs& a) { v.SetDsvRows(CLng(a.Value(0))); return Variant(); }},
+    {u"SetDsvRows",
+     [](tk::Dsv& v, const InvokeArgs& a) {
+       v.SetDsvRows(CLng(a.Value(0)));
+       return Variant();
+     }},
     {u"GetDsvCols", [](tk::Dsv& v, const InvokeArgs&) { return Variant(v.GetDsvCols()); }},
-    {u"SetDsvCols", [](tk::Dsv& v, const InvokeArgs& a) { v.SetDsvCols(CLng(a.Value(0))); return Variant(); }},
+    {u"SetDsvCols",
+     [](tk::Dsv& v, const InvokeArgs& a) {
+       v.SetDsvCols(CLng(a.Value(0)));
+       return Variant();
+     }},
     {u"GetDsvScope", [](tk::Dsv& v, const InvokeArgs&) { return Variant(v.GetDsvScope()); }},
-    {u"SetDsvScope", [](tk::Dsv& v, const InvokeArgs& a) { v.SetDsvScope(CLng(a.Value(0))); return Variant(); }},
+    {u"SetDsvScope",
+     [](tk::Dsv& v, const InvokeArgs& a) {
+       v.SetDsvScope(CLng(a.Value(0)));
+       return Variant();
+     }},
     {u"GetDsvValue", [](tk::Dsv& v, const InvokeArgs&) { return Variant(v.GetDsvValue()); }},
-    {u"SetDsvValue", [](tk::Dsv& v, const InvokeArgs& a) { v.SetDsvValue(CDbl(a.Value(0))); return Variant(); }},
+    {u"SetDsvValue",
+     [](tk::Dsv& v, const InvokeArgs& a) {
+       v.SetDsvValue(CDbl(a.Value(0)));
+       return Variant();
+     }},
     {u"GetDsvParent", [](tk::Dsv& v, const InvokeArgs&) { return ObjectValue(v.GetDsvParent()); }},
     {u"GetDsvUseCount", [](tk::Dsv& v, const InvokeArgs&) { return Variant(v.GetDsvUseCount()); }},
     {u"RemoveDsv", [](tk::Dsv& v, const InvokeArgs&) { return Variant(v.RemoveDsv()); }},
@@ -104,7 +136,10 @@ const std::array<Member<tk::Param>, 3> kParamMembers{{
     {u"GetParamType", [](tk::Param& p, const InvokeArgs&) { return Variant(p.GetParamType()); }},
     {u"GetParamValue", [](tk::Param& p, const InvokeArgs&) { return p.GetParamValue(); }},
     {u"SetParamValue",
-     [](tk::Param& p, const InvokeArgs& a) { p.SetParamValue(CLng(a.Value(0)), a.Value(1)); return Variant(); }},
+     [](tk::Param& p, const InvokeArgs& a) {
+       p.SetParamValue(CLng(a.Value(0)), a.Value(1));
+       return Variant();
+     }},
 }};
 
 const std::array<Member<tk::CustomDs>, 1> kCustomDsMembers{{

@@ -26,15 +26,15 @@ std::wstring GuidText(const GUID& guid) {
 }
 
 HKEY ClassesRoot(RegistrationScope scope, RegKey& holder) {
-  holder = RegKey::Create(scope == RegistrationScope::kUser ? HKEY_CURRENT_USER : HKEY_LOCAL_MACHINE,
-                          L"Software\\Classes");
+  holder =
+      RegKey::Create(scope == RegistrationScope::kUser ? HKEY_CURRENT_USER : HKEY_LOCAL_MACHINE, L"Software\\Classes");
   return holder.Get();
 }
 
 // What the module's type library contributes to the registry.
 struct TypeLibFacts {
   std::wstring libId;
-  std::wstring version;  // "1.0"
+  std::wstring version;   // "1.0"
   std::wstring platform;  // "win32" / "win64"
   std::wstring description;
   std::vector<std::pair<std::wstring, std::wstring>> interfaces;  // IID text, name

@@ -21,8 +21,7 @@ using win32::ComPtr;
 // The sink the bridge connects: answers the source interface as IDispatch.
 class RelaySink final : public IDispatch {
  public:
-  RelaySink(const IID& eventIid, ComPtr<ITypeInfo> events, ComPtr<IDispatch> handler,
-            std::shared_ptr<int32_t> relayed)
+  RelaySink(const IID& eventIid, ComPtr<ITypeInfo> events, ComPtr<IDispatch> handler, std::shared_ptr<int32_t> relayed)
       : eventIid_(eventIid), events_(std::move(events)), handler_(std::move(handler)), relayed_(std::move(relayed)) {}
 
   HRESULT STDMETHODCALLTYPE QueryInterface(REFIID iid, void** out) override {
@@ -48,8 +47,8 @@ class RelaySink final : public IDispatch {
   HRESULT STDMETHODCALLTYPE GetTypeInfo(UINT, LCID, ITypeInfo**) override { return E_NOTIMPL; }
   HRESULT STDMETHODCALLTYPE GetIDsOfNames(REFIID, LPOLESTR*, UINT, LCID, DISPID*) override { return E_NOTIMPL; }
 
-  HRESULT STDMETHODCALLTYPE Invoke(DISPID id, REFIID, LCID, WORD, DISPPARAMS* params, VARIANT*,
-                                   EXCEPINFO* exception, UINT*) override {
+  HRESULT STDMETHODCALLTYPE Invoke(DISPID id, REFIID, LCID, WORD, DISPPARAMS* params, VARIANT*, EXCEPINFO* exception,
+                                   UINT*) override {
     if (!params) return E_POINTER;
     try {
       win32::Bstr name;
@@ -95,8 +94,10 @@ class RelaySink final : public IDispatch {
       if (raw.vt != (VT_BYREF | VT_DISPATCH)) continue;
       const VARIANT& slot = slots[i].Ref();
       IDispatch* replacement = nullptr;
-      if (slot.vt == VT_DISPATCH) replacement = slot.pdispVal;
-      else if (slot.vt != VT_EMPTY && slot.vt != VT_NULL) automation::Raise(automation::err::kTypeMismatch);
+      if (slot.vt == VT_DISPATCH)
+        replacement = slot.pdispVal;
+      else if (slot.vt != VT_EMPTY && slot.vt != VT_NULL)
+        automation::Raise(automation::err::kTypeMismatch);
       if (replacement == *raw.ppdispVal) continue;
       if (replacement) replacement->AddRef();
       if (*raw.ppdispVal) (*raw.ppdispVal)->Release();

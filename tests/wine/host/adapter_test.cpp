@@ -116,7 +116,7 @@ INSTANTIATE_TEST_SUITE_P(Lookups, AdapterLookupTest,
                          testing::Values(NameLookup::kGetIDsOfNames, NameLookup::kDispatchExOnly),
                          [](const testing::TestParamInfo<NameLookup>& param) {
                            return param.param == NameLookup::kGetIDsOfNames ? std::string("GetIDsOfNames")
-                                                                           : std::string("DispatchExOnly");
+                                                                            : std::string("DispatchExOnly");
                          });
 
 TEST(AdapterTest, AMemberTheObjectLacksIsError438) {

@@ -22,9 +22,9 @@ struct NumberCase {
 
 TEST(ErrorConvertTest, AutomationNumbersTravelInTheControlFacility) {
   const NumberCase cases[] = {
-      {5, static_cast<HRESULT>(0x800A0005)},      {13, static_cast<HRESULT>(0x800A000D)},
-      {1234, static_cast<HRESULT>(0x800A04D2)},   {35602, static_cast<HRESULT>(0x800A8B12)},
-      {65535, static_cast<HRESULT>(0x800AFFFF)},  {static_cast<int32_t>(E_NOTIMPL), E_NOTIMPL},
+      {5, static_cast<HRESULT>(0x800A0005)},     {13, static_cast<HRESULT>(0x800A000D)},
+      {1234, static_cast<HRESULT>(0x800A04D2)},  {35602, static_cast<HRESULT>(0x800A8B12)},
+      {65535, static_cast<HRESULT>(0x800AFFFF)}, {static_cast<int32_t>(E_NOTIMPL), E_NOTIMPL},
       {static_cast<int32_t>(E_FAIL), E_FAIL},
   };
   for (const NumberCase& c : cases) {
@@ -42,9 +42,10 @@ struct DispatchFailure {
 
 TEST(ErrorConvertTest, DispatchFailuresBecomeTheRuntimeErrorNumbers) {
   const DispatchFailure cases[] = {
-      {DISP_E_MEMBERNOTFOUND, 438}, {DISP_E_UNKNOWNNAME, 438}, {DISP_E_TYPEMISMATCH, 13},
-      {DISP_E_BADPARAMCOUNT, 450},  {DISP_E_PARAMNOTOPTIONAL, 450}, {DISP_E_OVERFLOW, 6},
-      {DISP_E_BADINDEX, 9},         {static_cast<HRESULT>(0x800A0009), 9},
+      {DISP_E_MEMBERNOTFOUND, 438},   {DISP_E_UNKNOWNNAME, 438},
+      {DISP_E_TYPEMISMATCH, 13},      {DISP_E_BADPARAMCOUNT, 450},
+      {DISP_E_PARAMNOTOPTIONAL, 450}, {DISP_E_OVERFLOW, 6},
+      {DISP_E_BADINDEX, 9},           {static_cast<HRESULT>(0x800A0009), 9},
   };
   for (const DispatchFailure& c : cases) {
     SCOPED_TRACE(c.number);
@@ -104,8 +105,7 @@ TEST(ErrorConvertTest, ReportedErrorsLeaveRichErrorInfo) {
 }
 
 TEST(ErrorConvertTest, NoExceptionEscapesTheBoundary) {
-  EXPECT_EQ(win32::ComBoundary(L"T", IID_IDispatch, [] { throw std::bad_alloc(); }),
-            static_cast<HRESULT>(0x800A0007));
+  EXPECT_EQ(win32::ComBoundary(L"T", IID_IDispatch, [] { throw std::bad_alloc(); }), static_cast<HRESULT>(0x800A0007));
   EXPECT_EQ(win32::ComBoundary(L"T", IID_IDispatch, [] { throw std::runtime_error("boom"); }), E_UNEXPECTED);
   EXPECT_EQ(win32::ComBoundary(L"T", IID_IDispatch, [] { throw 42; }), E_UNEXPECTED);
   EXPECT_EQ(win32::ComBoundary(L"T", IID_IDispatch, [] {}), S_OK);

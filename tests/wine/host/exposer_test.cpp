@@ -82,7 +82,8 @@ TEST(ExposerTest, OnlyCustomObjectsAnswerTheCustomMembers) {
       {display->list->items[1]->vars->items[0], L"GetDsvAccess", true},
   };
   for (const Case& c : cases) {
-    SCOPED_TRACE(testing::Message() << (c.answers ? "custom " : "plain ") << std::string(c.member, c.member + wcslen(c.member)));
+    SCOPED_TRACE(testing::Message() << (c.answers ? "custom " : "plain ")
+                                    << std::string(c.member, c.member + wcslen(c.member)));
     ComPtr<IDispatch> exposed = win32::ExposeObject(c.object);
     std::wstring name(c.member);
     LPOLESTR names[] = {name.data()};

@@ -41,9 +41,18 @@ toolkit::ParamRef MemParamList::AddParam() {
 }
 
 toolkit::DsRef MemDsv::GetDsvParent() { return parent.lock(); }
-bool MemDsv::RemoveDsv() { auto p = parent.lock(); return p && Remove(p->vars->items, this); }
-bool MemDsv::DsvMoveUp() { auto p = parent.lock(); return p && Swap(p->vars->items, this, -1); }
-bool MemDsv::DsvMoveDown() { auto p = parent.lock(); return p && Swap(p->vars->items, this, +1); }
+bool MemDsv::RemoveDsv() {
+  auto p = parent.lock();
+  return p && Remove(p->vars->items, this);
+}
+bool MemDsv::DsvMoveUp() {
+  auto p = parent.lock();
+  return p && Swap(p->vars->items, this, -1);
+}
+bool MemDsv::DsvMoveDown() {
+  auto p = parent.lock();
+  return p && Swap(p->vars->items, this, +1);
+}
 
 toolkit::DsvRef MemDsvList::DsvItem(int32_t index) { return At(items, index); }
 toolkit::DsvRef MemDsvList::AddDsv() {
@@ -56,9 +65,18 @@ String MemDs::GetDsName() {
   if (failReading) automation::Raise(1234, u"The data source cannot be read");
   return name;
 }
-bool MemDs::RemoveDs() { auto l = list.lock(); return l && Remove(l->items, this); }
-bool MemDs::DsMoveUp() { auto l = list.lock(); return l && Swap(l->items, this, -1); }
-bool MemDs::DsMoveDown() { auto l = list.lock(); return l && Swap(l->items, this, +1); }
+bool MemDs::RemoveDs() {
+  auto l = list.lock();
+  return l && Remove(l->items, this);
+}
+bool MemDs::DsMoveUp() {
+  auto l = list.lock();
+  return l && Swap(l->items, this, -1);
+}
+bool MemDs::DsMoveDown() {
+  auto l = list.lock();
+  return l && Swap(l->items, this, +1);
+}
 
 toolkit::DsRef MemDsList::DsItem(int32_t index) { return At(items, index); }
 toolkit::DsRef MemDsList::AddDs(int32_t kind, const String& creationText) {

@@ -43,10 +43,17 @@ String DescribeDisplay(toolkit::Display& display) {
     const int32_t dsvCount = vars->DsvCount();
     for (int32_t j = 1; j <= dsvCount; ++j) {
       toolkit::DsvRef dsv = vars->DsvItem(j);
-      Append(text, {u"V ", Number(i), u".", Number(j), u" ", dsv->GetDsvName(), u"|", Number(dsv->GetDsvType()), u"|",
-                    Number(dsv->GetDsvShape()), u"|", Number(dsv->GetDsvRows()), u"|", Number(dsv->GetDsvCols()),
-                    u"|", Number(dsv->GetDsvScope()), u"|", automation::CStr(automation::Variant(dsv->GetDsvValue())),
-                    u"|", Number(dsv->GetDsvUseCount()), u"|", dsv->GetDsvParent()->GetDsName()});
+      Append(text, {u"V ", Number(i),
+                    u".",  Number(j),
+                    u" ",  dsv->GetDsvName(),
+                    u"|",  Number(dsv->GetDsvType()),
+                    u"|",  Number(dsv->GetDsvShape()),
+                    u"|",  Number(dsv->GetDsvRows()),
+                    u"|",  Number(dsv->GetDsvCols()),
+                    u"|",  Number(dsv->GetDsvScope()),
+                    u"|",  automation::CStr(automation::Variant(dsv->GetDsvValue())),
+                    u"|",  Number(dsv->GetDsvUseCount()),
+                    u"|",  dsv->GetDsvParent()->GetDsName()});
       if (auto custom = dsv->AsCustom())
         Append(text, {u"|A=", Number(custom->GetDsvAccess()), u"|", DescribeParams(*custom->GetParams())});
       text += u"\n";

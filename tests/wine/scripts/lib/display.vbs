@@ -23,11 +23,16 @@ Class ObjList
       If items.Item(i) Is obj Then IndexOf = i
     Next
   End Function
+  ' Stores obj at index k (the engine's Dictionary takes no Set on Item).
+  Private Sub Put(k, obj)
+    If items.Exists(k) Then items.Remove k
+    items.Add k, obj
+  End Sub
   Public Sub Remove(i)
     Dim k, n
     n = items.Count
     For k = i To n - 1
-      Set items.Item(k) = items.Item(k + 1)
+      Put k, items.Item(k + 1)
     Next
     items.Remove n
   End Sub
@@ -36,8 +41,8 @@ Class ObjList
     Swap = False
     If i < 1 Or j < 1 Or i > items.Count Or j > items.Count Then Exit Function
     Set t = items.Item(i)
-    Set items.Item(i) = items.Item(j)
-    Set items.Item(j) = t
+    Put i, items.Item(j)
+    Put j, t
     Swap = True
   End Function
 End Class
