@@ -1,0 +1,36 @@
+#pragma once
+// The DISPIDs of the members called on one kind of object, resolved once.
+// Objects that describe themselves with type info share one table per type
+// (keyed by the type's GUID); any other object gets a table of its own.
+#include <windows.h>
+
+#include <oaidl.h>
+
+#include <memory>
+#include <optional>
+#include <unordered_map>
+
+#include "vd/automation/string.h"
+
+namespace vd::win32 {
+
+class MemberIds {
+ public:
+  // The DISPID of the member, nullopt when the object has no such member.
+  // Resolves through GetIDsOfNames, else IDispatchEx::GetDispID ignoring case
+  // (script class instances answer only the latter).
+  std::optional<DISPID> Find(IDispatch* dispatch, automation::StringView name);
+
+  // How many names were resolved by asking the object (not from the table).
+  [[nodiscard]] int ResolvedCount() const { return resolved_; }
+
+ private:
+  std::unordered_map<automation::String, std::optional<DISPID>> ids_;
+  int resolved_ = 0;
+};
+
+// The table for this object: shared by every object of its type when it has
+// type info with a GUID of its own, else a new one.
+std::shared_ptr<MemberIds> MemberIdsFor(IDispatch* dispatch);
+
+}  // namespace vd::win32

@@ -1,0 +1,50 @@
+#include "server/class_factory.h"
+
+#include <new>
+
+namespace vd::win32 {
+
+HRESULT ClassFactory::QueryInterface(REFIID iid, void** out) {
+  if (!out) return E_POINTER;
+  if (IsEqualIID(iid, IID_IUnknown) || IsEqualIID(iid, IID_IClassFactory)) {
+    *out = static_cast<IClassFactory*>(this);
+    AddRef();
+    return S_OK;
+  }
+  *out = nullptr;
+  return E_NOINTERFACE;
+}
+
+ULONG ClassFactory::Release() {
+  ULONG left = refs_.Down();
+  if (left == 0) delete this;
+  return left;
+}
+
+HRESULT ClassFactory::CreateInstance(IUnknown* outer, REFIID iid, void** out) {
+  if (!out) return E_POINTER;
+  *out = nullptr;
+  if (outer) return CLASS_E_NOAGGREGATION;
+  return create_(iid, out);
+}
+
+HRESULT ClassFactory::LockServer(BOOL lock) {
+  if (lock) {
+    LockModule();
+  } else {
+    UnlockModule();
+  }
+  return S_OK;
+}
+
+HRESULT GetClassFactory(CreateInstanceFunction create, REFIID iid, void** out) {
+  if (!out) return E_POINTER;
+  *out = nullptr;
+  auto* factory = new (std::nothrow) ClassFactory(create);
+  if (!factory) return E_OUTOFMEMORY;
+  HRESULT hr = factory->QueryInterface(iid, out);
+  factory->Release();
+  return hr;
+}
+
+}  // namespace vd::win32

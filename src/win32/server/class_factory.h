@@ -1,0 +1,32 @@
+#pragma once
+// A class factory for one creatable class; LockServer counts as a module lock.
+#include <windows.h>
+
+#include <unknwn.h>
+
+#include "server/ref_count.h"
+
+namespace vd::win32 {
+
+using CreateInstanceFunction = HRESULT (*)(REFIID iid, void** out);
+
+class ClassFactory final : public IClassFactory {
+ public:
+  explicit ClassFactory(CreateInstanceFunction create) : create_(create) {}
+
+  HRESULT STDMETHODCALLTYPE QueryInterface(REFIID iid, void** out) override;
+  ULONG STDMETHODCALLTYPE AddRef() override { return refs_.Up(); }
+  ULONG STDMETHODCALLTYPE Release() override;
+  HRESULT STDMETHODCALLTYPE CreateInstance(IUnknown* outer, REFIID iid, void** out) override;
+  HRESULT STDMETHODCALLTYPE LockServer(BOOL lock) override;
+
+ private:
+  ~ClassFactory() = default;
+  CreateInstanceFunction create_;
+  RefCount refs_;
+};
+
+// A factory for the class, or nullptr.
+HRESULT GetClassFactory(CreateInstanceFunction create, REFIID iid, void** out);
+
+}  // namespace vd::win32

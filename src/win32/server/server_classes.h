@@ -1,0 +1,18 @@
+#pragma once
+// The component's creatable classes: what DllGetClassObject serves and what
+// registration writes.
+#include <windows.h>
+
+#include <unknwn.h>
+
+#include <span>
+
+#include "server/registration.h"
+
+namespace vd::win32 {
+
+std::span<const ClassEntry> ServerClasses();
+// The factory of one of the classes; CLASS_E_CLASSNOTAVAILABLE for others.
+HRESULT GetServerClassObject(REFCLSID clsid, REFIID iid, void** out);
+
+}  // namespace vd::win32

@@ -1,0 +1,185 @@
+#include "server/var_desk_ui_object.h"
+
+#include <windows.h>
+
+#include <olectl.h>
+
+#include "com/bstr.h"
+#include "convert/object_convert.h"
+#include "dispatch/adapt.h"
+
+namespace vd::win32 {
+namespace {
+
+constexpr wchar_t kSource[] = L"VarDeskGUI.VarDeskUI";
+
+template <class Body>
+HRESULT Boundary(Body&& body) noexcept {
+  return ComBoundary(kSource, IID__VarDeskUI, std::forward<Body>(body));
+}
+
+// Releases the reference a by-reference slot holds when the call ends.
+class SlotReference {
+ public:
+  explicit SlotReference(IDispatch*& slot) : slot_(slot) {}
+  SlotReference(const SlotReference&) = delete;
+  SlotReference& operator=(const SlotReference&) = delete;
+  ~SlotReference() {
+    if (slot_) slot_->Release();
+  }
+
+ private:
+  IDispatch*& slot_;
+};
+
+}  // namespace
+
+VarDeskUIObject::VarDeskUIObject(std::unique_ptr<UiCore> core)
+    : events_(static_cast<IConnectionPointContainer*>(this), DIID___VarDeskUI), core_(std::move(core)) {
+  core_->onEditCustomDs = [this](automation::ObjectRef& obj) { RaiseObjectEvent(kEditCustomDsEvent, obj); };
+  core_->onEditCustomDsv = [this](automation::ObjectRef& obj) { RaiseObjectEvent(kEditCustomDsvEvent, obj); };
+}
+
+// The form goes first, then the connections.
+VarDeskUIObject::~VarDeskUIObject() {
+  core_.reset();
+  events_.DisconnectAll();
+}
+
+HRESULT VarDeskUIObject::Create(REFIID iid, void** out) {
+  if (!out) return E_POINTER;
+  *out = nullptr;
+  try {
+    ComPtr<_VarDeskUI> object = CreateWithCore(MakeDefaultUiCore());
+    return object->QueryInterface(iid, out);
+  } catch (...) {
+    return ReportError(ErrorFromCurrentException(), kSource, IID__VarDeskUI);
+  }
+}
+
+ComPtr<_VarDeskUI> VarDeskUIObject::CreateWithCore(std::unique_ptr<UiCore> core) {
+  return ComPtr<_VarDeskUI>::Attach(new VarDeskUIObject(std::move(core)));
+}
+
+HRESULT VarDeskUIObject::QueryInterface(REFIID iid, void** out) {
+  if (!out) return E_POINTER;
+  if (IsEqualIID(iid, IID_IUnknown) || IsEqualIID(iid, IID_IDispatch) || IsEqualIID(iid, IID__VarDeskUI)) {
+    *out = static_cast<_VarDeskUI*>(this);
+  } else if (IsEqualIID(iid, IID_IConnectionPointContainer)) {
+    *out = static_cast<IConnectionPointContainer*>(this);
+  } else if (IsEqualIID(iid, IID_IProvideClassInfo) || IsEqualIID(iid, IID_IProvideClassInfo2)) {
+    *out = static_cast<IProvideClassInfo2*>(this);
+  } else if (IsEqualIID(iid, IID_ISupportErrorInfo)) {
+    *out = static_cast<ISupportErrorInfo*>(this);
+  } else {
+    *out = nullptr;
+    return E_NOINTERFACE;
+  }
+  AddRef();
+  return S_OK;
+}
+
+ULONG VarDeskUIObject::Release() {
+  ULONG left = refs_.Down();
+  if (left == 0) delete this;
+  return left;
+}
+
+HRESULT VarDeskUIObject::IsModified(VARIANT_BOOL* modified) {
+  if (!modified) return E_POINTER;
+  *modified = VARIANT_FALSE;
+  return Boundary([&] { *modified = core_->IsModified() ? VARIANT_TRUE : VARIANT_FALSE; });
+}
+
+HRESULT VarDeskUIObject::EditDataSources(IDispatch* display) {
+  ComPtr<IUnknown> keepAlive(static_cast<_VarDeskUI*>(this));  // a sink may drop the host's reference
+  return Boundary([&] { core_->EditDataSources(AdaptAs<toolkit::Display>(display)); });
+}
+
+HRESULT VarDeskUIObject::SelectDataVar(IDispatch* display, LONG context, LONG dsvType, LONG rows, LONG cols,
+                                       IDispatch** selected) {
+  if (!selected) return E_POINTER;
+  *selected = nullptr;
+  ComPtr<IUnknown> keepAlive(static_cast<_VarDeskUI*>(this));
+  return Boundary([&] {
+    toolkit::DsvRef dsv = core_->SelectDataVar(AdaptAs<toolkit::Display>(display), context, dsvType, rows, cols);
+    *selected = DispatchFromObject(dsv).Detach();
+  });
+}
+
+HRESULT VarDeskUIObject::get_HelpFile(BSTR* path) {
+  if (!path) return E_POINTER;
+  *path = nullptr;
+  return Boundary([&] { *path = Bstr(core_->HelpFile()).Detach(); });
+}
+
+HRESULT VarDeskUIObject::put_HelpFile(BSTR path) {
+  return Boundary([&] { core_->SetHelpFile(ToString(path)); });
+}
+
+HRESULT VarDeskUIObject::SetCommunication(IDispatch* comm) {
+  return Boundary([&] { core_->SetCommunication(AdaptAs<toolkit::Communication>(comm)); });
+}
+
+HRESULT VarDeskUIObject::putref_Communication(IDispatch* comm) { return SetCommunication(comm); }
+HRESULT VarDeskUIObject::put_Communication(IDispatch* comm) { return SetCommunication(comm); }
+
+// The object handed in is kept by the form only; reading gives Nothing.
+HRESULT VarDeskUIObject::get_Communication(IDispatch** comm) {
+  if (!comm) return E_POINTER;
+  *comm = nullptr;
+  return S_OK;
+}
+
+HRESULT VarDeskUIObject::EnumConnectionPoints(IEnumConnectionPoints** points) {
+  return EnumerateConnectionPoints(this, &events_, points);
+}
+
+HRESULT VarDeskUIObject::FindConnectionPoint(REFIID iid, IConnectionPoint** point) {
+  if (!point) return E_POINTER;
+  *point = nullptr;
+  if (!IsEqualIID(iid, events_.EventIid())) return CONNECT_E_NOCONNECTION;
+  events_.AddRef();
+  *point = &events_;
+  return S_OK;
+}
+
+HRESULT VarDeskUIObject::GetClassInfo(ITypeInfo** info) {
+  if (!info) return E_POINTER;
+  *info = nullptr;
+  try {
+    *info = ModuleTypeInfo(CLSID_VarDeskUI).Detach();
+    return S_OK;
+  } catch (...) {
+    return TYPE_E_CANTLOADLIBRARY;
+  }
+}
+
+HRESULT VarDeskUIObject::GetGUID(DWORD kind, GUID* guid) {
+  if (!guid) return E_POINTER;
+  if (kind != GUIDKIND_DEFAULT_SOURCE_DISP_IID) {
+    *guid = GUID_NULL;
+    return E_INVALIDARG;
+  }
+  *guid = DIID___VarDeskUI;
+  return S_OK;
+}
+
+HRESULT VarDeskUIObject::InterfaceSupportsErrorInfo(REFIID iid) {
+  return IsEqualIID(iid, IID__VarDeskUI) ? S_OK : S_FALSE;
+}
+
+void VarDeskUIObject::RaiseObjectEvent(DISPID event, automation::ObjectRef& obj) {
+  ComPtr<IUnknown> keepAlive(static_cast<_VarDeskUI*>(this));
+  ComPtr<IDispatch> original = DispatchFromObject(obj);
+  IDispatch* slot = ComPtr<IDispatch>(original).Detach();
+  SlotReference slotReference(slot);
+  VARIANT arg;
+  VariantInit(&arg);
+  arg.vt = VT_BYREF | VT_DISPATCH;
+  arg.ppdispVal = &slot;
+  events_.Fire(event, &arg, 1);
+  if (slot != original.Get()) obj = AdaptLike(obj, slot);
+}
+
+}  // namespace vd::win32

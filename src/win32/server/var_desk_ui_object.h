@@ -1,0 +1,68 @@
+#pragma once
+// The COM class VarDeskUI: the dual interface _VarDeskUI over one UiCore, and
+// the events EditCustomDs / EditCustomDsv through a connection point.
+#include <windows.h>
+
+#include <ocidl.h>
+
+#include <memory>
+
+#include "VarDeskGUI.h"
+#include "server/connection_point.h"
+#include "server/dual_dispatch.h"
+#include "server/ref_count.h"
+#include "server/ui_core.h"
+
+namespace vd::win32 {
+
+// DISPIDs of the source dispinterface __VarDeskUI.
+inline constexpr DISPID kEditCustomDsEvent = 1;
+inline constexpr DISPID kEditCustomDsvEvent = 2;
+
+class VarDeskUIObject final : public DualDispatch<_VarDeskUI>,
+                              public IConnectionPointContainer,
+                              public IProvideClassInfo2,
+                              public ISupportErrorInfo {
+ public:
+  // The class factory's creation: an object over the default core.
+  static HRESULT Create(REFIID iid, void** out);
+  // An object over the given core (a host program may bring its own).
+  static ComPtr<_VarDeskUI> CreateWithCore(std::unique_ptr<UiCore> core);
+
+  HRESULT STDMETHODCALLTYPE QueryInterface(REFIID iid, void** out) override;
+  ULONG STDMETHODCALLTYPE AddRef() override { return refs_.Up(); }
+  ULONG STDMETHODCALLTYPE Release() override;
+
+  HRESULT STDMETHODCALLTYPE IsModified(VARIANT_BOOL* modified) override;
+  HRESULT STDMETHODCALLTYPE EditDataSources(IDispatch* display) override;
+  HRESULT STDMETHODCALLTYPE SelectDataVar(IDispatch* display, LONG context, LONG dsvType, LONG rows, LONG cols,
+                                          IDispatch** selected) override;
+  HRESULT STDMETHODCALLTYPE get_HelpFile(BSTR* path) override;
+  HRESULT STDMETHODCALLTYPE put_HelpFile(BSTR path) override;
+  HRESULT STDMETHODCALLTYPE putref_Communication(IDispatch* comm) override;
+  HRESULT STDMETHODCALLTYPE put_Communication(IDispatch* comm) override;
+  HRESULT STDMETHODCALLTYPE get_Communication(IDispatch** comm) override;
+
+  HRESULT STDMETHODCALLTYPE EnumConnectionPoints(IEnumConnectionPoints** points) override;
+  HRESULT STDMETHODCALLTYPE FindConnectionPoint(REFIID iid, IConnectionPoint** point) override;
+
+  HRESULT STDMETHODCALLTYPE GetClassInfo(ITypeInfo** info) override;
+  HRESULT STDMETHODCALLTYPE GetGUID(DWORD kind, GUID* guid) override;
+
+  HRESULT STDMETHODCALLTYPE InterfaceSupportsErrorInfo(REFIID iid) override;
+
+ private:
+  explicit VarDeskUIObject(std::unique_ptr<UiCore> core);
+  ~VarDeskUIObject();
+
+  // Raises the event with the object by reference (VT_BYREF|VT_DISPATCH); when
+  // a sink replaces it, obj becomes the replacement.
+  void RaiseObjectEvent(DISPID event, automation::ObjectRef& obj);
+  HRESULT SetCommunication(IDispatch* comm);
+
+  RefCount refs_;
+  ConnectionPoint events_;
+  std::unique_ptr<UiCore> core_;
+};
+
+}  // namespace vd::win32

@@ -1,0 +1,311 @@
+// The events of VarDeskUI through its connection point, raised the way the
+// dialog raises them (through the core's callbacks), and the errors of its
+// methods. The objects are created in this program over a scripted core.
+#include <windows.h>
+
+#include <olectl.h>
+
+#include <gtest/gtest.h>
+
+#include <functional>
+
+#include "VarDeskGUI.h"
+#include "com/bstr.h"
+#include "convert/object_convert.h"
+#include "dispatch/adapt.h"
+#include "dispatch/dispatch_holder.h"
+#include "expose/toolkit_exposers.h"
+#include "forwarding_dispatch.h"
+#include "memory_toolkit.h"
+#include "server/var_desk_ui_object.h"
+#include "vd/automation/error.h"
+
+namespace vd::testhost {
+namespace {
+
+using win32::ComPtr;
+
+// A core whose dialog runs are scripted by the test.
+class ScriptedCore final : public win32::UiCore {
+ public:
+  std::function<void(ScriptedCore&, const toolkit::DisplayRef&)> onEdit;
+  bool IsModified() override { return modified; }
+  void EditDataSources(const toolkit::DisplayRef& display) override {
+    if (onEdit) onEdit(*this, display);
+  }
+  toolkit::DsvRef SelectDataVar(const toolkit::DisplayRef&, int32_t context, int32_t, int32_t, int32_t) override {
+    if (context == 99) automation::Raise(5, u"Invalid procedure call or argument");
+    return selected;
+  }
+  automation::String HelpFile() override { return help; }
+  void SetHelpFile(const automation::String& path) override { help = path; }
+  void SetCommunication(const toolkit::CommunicationRef& c) override { communication = c; }
+
+  bool modified = false;
+  toolkit::DsvRef selected;
+  automation::String help;
+  toolkit::CommunicationRef communication;
+};
+
+// A sink of __VarDeskUI that records the events and may replace the object.
+class Sink final : public IDispatch {
+ public:
+  std::vector<DISPID> events;
+  std::vector<IDispatch*> seen;  // the object each event brought (not owned)
+  ComPtr<IDispatch> replacement;
+  HRESULT failWith = S_OK;
+
+  HRESULT STDMETHODCALLTYPE QueryInterface(REFIID iid, void** out) override {
+    if (IsEqualIID(iid, IID_IUnknown) || IsEqualIID(iid, IID_IDispatch) || IsEqualIID(iid, DIID___VarDeskUI)) {
+      *out = static_cast<IDispatch*>(this);
+      AddRef();
+      return S_OK;
+    }
+    *out = nullptr;
+    return E_NOINTERFACE;
+  }
+  ULONG STDMETHODCALLTYPE AddRef() override { return ++refs; }
+  ULONG STDMETHODCALLTYPE Release() override { return --refs; }  // owned by the test
+  HRESULT STDMETHODCALLTYPE GetTypeInfoCount(UINT* n) override {
+    *n = 0;
+    return S_OK;
+  }
+  HRESULT STDMETHODCALLTYPE GetTypeInfo(UINT, LCID, ITypeInfo**) override { return E_NOTIMPL; }
+  HRESULT STDMETHODCALLTYPE GetIDsOfNames(REFIID, LPOLESTR*, UINT, LCID, DISPID*) override { return E_NOTIMPL; }
+  HRESULT STDMETHODCALLTYPE Invoke(DISPID id, REFIID, LCID, WORD, DISPPARAMS* params, VARIANT*, EXCEPINFO* info,
+                                   UINT*) override {
+    events.push_back(id);
+    if (params->cArgs != 1 || params->rgvarg[0].vt != (VT_BYREF | VT_DISPATCH)) return DISP_E_TYPEMISMATCH;
+    IDispatch** slot = params->rgvarg[0].ppdispVal;
+    seen.push_back(*slot);
+    if (failWith != S_OK) {
+      info->scode = failWith;
+      info->bstrDescription = SysAllocString(L"The host refused");
+      return DISP_E_EXCEPTION;
+    }
+    if (replacement) {
+      if (*slot) (*slot)->Release();
+      *slot = ComPtr<IDispatch>(replacement).Detach();
+    }
+    return S_OK;
+  }
+  ULONG refs = 1;
+};
+
+struct Fixture {
+  ScriptedCore* core = nullptr;
+  ComPtr<_VarDeskUI> ui;
+  ComPtr<IConnectionPoint> point;
+
+  Fixture() {
+    auto owned = std::make_unique<ScriptedCore>();
+    core = owned.get();
+    ui = win32::VarDeskUIObject::CreateWithCore(std::move(owned));
+    auto container = ui.As<IConnectionPointContainer>();
+    EXPECT_TRUE(container);
+    EXPECT_EQ(container->FindConnectionPoint(DIID___VarDeskUI, point.Put()), S_OK);
+  }
+  DWORD Advise(Sink& sink) {
+    DWORD cookie = 0;
+    EXPECT_EQ(point->Advise(&sink, &cookie), S_OK);
+    return cookie;
+  }
+};
+
+TEST(EventsTest, ASinkCanReplaceTheObjectPassedByReference) {
+  Fixture f;
+  auto display = MakePlantDisplay();
+  auto strangerCounts = std::make_shared<LookupCounts>();
+  ComPtr<IDispatch> hostsReplacement = Forward(win32::ExposeObject(display->list->items[2]).Get(),
+                                               NameLookup::kGetIDsOfNames, GUID_NULL, strangerCounts);
+  Sink sink;
+  sink.replacement = hostsReplacement;
+  f.Advise(sink);
+
+  ComPtr<IDispatch> original = win32::ExposeObject(display->list->items[0]);
+  automation::ObjectRef obj = display->list->items[0];
+  f.core->onEditCustomDs(obj);
+
+  ASSERT_EQ(sink.events, std::vector<DISPID>{win32::kEditCustomDsEvent});
+  EXPECT_EQ(sink.seen[0], original.Get()) << "the host sees the object";
+  auto replaced = std::dynamic_pointer_cast<toolkit::Ds>(obj);
+  ASSERT_TRUE(replaced) << "the replacement is a data source again";
+  EXPECT_EQ(replaced->GetDsName(), u"Scratch");
+  EXPECT_EQ(win32::DispatchFromObject(obj).Get(), hostsReplacement.Get());
+}
+
+TEST(EventsTest, TheObjectStaysWhenTheSinkLeavesIt) {
+  Fixture f;
+  auto display = MakePlantDisplay();
+  Sink sink;
+  f.Advise(sink);
+  automation::ObjectRef obj = display->list->items[1]->vars->items[0];
+  const automation::Object* before = obj.get();
+  f.core->onEditCustomDsv(obj);
+  EXPECT_EQ(sink.events, std::vector<DISPID>{win32::kEditCustomDsvEvent});
+  EXPECT_EQ(obj.get(), before);
+}
+
+TEST(EventsTest, SinksAreCalledInOrderAndEachSeesTheObjectSoFar) {
+  Fixture f;
+  auto display = MakePlantDisplay();
+  Sink first;
+  Sink second;
+  first.replacement = win32::ExposeObject(display->list->items[1]);
+  f.Advise(first);
+  f.Advise(second);
+  automation::ObjectRef obj = display->list->items[0];
+  f.core->onEditCustomDs(obj);
+  ASSERT_EQ(second.seen.size(), 1u);
+  EXPECT_EQ(second.seen[0], first.replacement.Get());
+  EXPECT_EQ(obj.get(), display->list->items[1].get()) << "this module's own object comes back as itself";
+}
+
+TEST(EventsTest, AnUnadvisedSinkHearsNothing) {
+  Fixture f;
+  auto display = MakePlantDisplay();
+  Sink sink;
+  DWORD cookie = f.Advise(sink);
+  EXPECT_EQ(f.point->Unadvise(cookie), S_OK);
+  EXPECT_EQ(f.point->Unadvise(cookie), CONNECT_E_NOCONNECTION);
+  automation::ObjectRef obj = display->list->items[0];
+  f.core->onEditCustomDs(obj);
+  EXPECT_TRUE(sink.events.empty());
+  EXPECT_EQ(sink.refs, 1u) << "the point let go of the sink";
+}
+
+TEST(EventsTest, ASinksErrorReachesTheRaiser) {
+  Fixture f;
+  auto display = MakePlantDisplay();
+  Sink failing;
+  failing.failWith = static_cast<HRESULT>(0x800A0005);
+  Sink later;
+  f.Advise(failing);
+  f.Advise(later);
+  automation::ObjectRef obj = display->list->items[0];
+  try {
+    f.core->onEditCustomDs(obj);
+    FAIL() << "no error";
+  } catch (const automation::AutomationError& e) {
+    EXPECT_EQ(e.Number(), 5);
+    EXPECT_EQ(e.Description(), u"The host refused");
+  }
+  EXPECT_TRUE(later.events.empty()) << "the first failure stops the event";
+}
+
+TEST(EventsTest, EventsRaisedDuringAMethodReachTheSink) {
+  Fixture f;
+  auto display = MakePlantDisplay();
+  Sink sink;
+  sink.replacement = win32::ExposeObject(display->list->items[2]);
+  f.Advise(sink);
+  automation::ObjectRef after;
+  f.core->onEdit = [&](ScriptedCore& core, const toolkit::DisplayRef& d) {
+    automation::ObjectRef obj = d->GetDataSources()->DsItem(1);
+    core.onEditCustomDs(obj);
+    after = obj;
+  };
+  ComPtr<IDispatch> displayDispatch = win32::ExposeObject(display);
+  ASSERT_EQ(f.ui->EditDataSources(displayDispatch.Get()), S_OK);
+  EXPECT_EQ(sink.events.size(), 1u);
+  EXPECT_EQ(after.get(), display->list->items[2].get());
+}
+
+TEST(EventsTest, TheContainerOffersExactlyTheEventInterface) {
+  Fixture f;
+  auto container = f.ui.As<IConnectionPointContainer>();
+  ComPtr<IConnectionPoint> none;
+  EXPECT_EQ(container->FindConnectionPoint(IID_IDispatch, none.Put()), CONNECT_E_NOCONNECTION);
+  ComPtr<IEnumConnectionPoints> points;
+  ASSERT_EQ(container->EnumConnectionPoints(points.Put()), S_OK);
+  IConnectionPoint* found[2] = {};
+  ULONG fetched = 0;
+  EXPECT_EQ(points->Next(2, found, &fetched), S_FALSE);
+  ASSERT_EQ(fetched, 1u);
+  IID iid{};
+  found[0]->GetConnectionInterface(&iid);
+  EXPECT_TRUE(IsEqualIID(iid, DIID___VarDeskUI));
+  found[0]->Release();
+  auto classInfo = f.ui.As<IProvideClassInfo2>();
+  ASSERT_TRUE(classInfo);
+  GUID guid{};
+  ASSERT_EQ(classInfo->GetGUID(GUIDKIND_DEFAULT_SOURCE_DISP_IID, &guid), S_OK);
+  EXPECT_TRUE(IsEqualGUID(guid, DIID___VarDeskUI));
+}
+
+TEST(VarDeskUIErrorsTest, ALateBoundCallSeesTheAutomationNumberAndDescription) {
+  Fixture f;
+  auto display = MakePlantDisplay();
+  ComPtr<IDispatch> displayDispatch = win32::ExposeObject(display);
+  VARIANT args[5];
+  for (VARIANT& a : args) VariantInit(&a);
+  // SelectDataVar(display, 99, 500, 0, 0), last argument first.
+  args[4].vt = VT_DISPATCH;
+  args[4].pdispVal = displayDispatch.Get();
+  args[3].vt = VT_I4;
+  args[3].lVal = 99;
+  args[2].vt = VT_I4;
+  args[2].lVal = 500;
+  args[1].vt = VT_I4;
+  args[0].vt = VT_I4;
+  DISPPARAMS params{args, nullptr, 5, 0};
+  win32::UniqueVariant result;
+  EXCEPINFO info{};
+  HRESULT hr = f.ui->Invoke(3, IID_NULL, LOCALE_USER_DEFAULT, DISPATCH_METHOD, &params, result.Put(), &info, nullptr);
+  ASSERT_EQ(hr, DISP_E_EXCEPTION);
+  EXPECT_EQ(info.scode, static_cast<SCODE>(0x800A0005));
+  EXPECT_EQ(win32::ToString(info.bstrDescription), u"Invalid procedure call or argument");
+  EXPECT_EQ(win32::ToString(info.bstrSource), u"VarDeskGUI.VarDeskUI");
+  SysFreeString(info.bstrDescription);
+  SysFreeString(info.bstrSource);
+}
+
+TEST(VarDeskUIErrorsTest, AnEarlyBoundCallLeavesErrorInfo) {
+  Fixture f;
+  ComPtr<IDispatch> display = win32::ExposeObject(MakePlantDisplay());
+  ComPtr<IDispatch> selected;
+  EXPECT_EQ(f.ui->SelectDataVar(display.Get(), 99, 500, 0, 0, selected.Put()), static_cast<HRESULT>(0x800A0005));
+  EXPECT_FALSE(selected);
+  auto support = f.ui.As<ISupportErrorInfo>();
+  ASSERT_TRUE(support);
+  EXPECT_EQ(support->InterfaceSupportsErrorInfo(IID__VarDeskUI), S_OK);
+  ComPtr<IErrorInfo> info;
+  ASSERT_EQ(GetErrorInfo(0, info.Put()), S_OK);
+  win32::Bstr description;
+  info->GetDescription(description.Put());
+  EXPECT_EQ(description.ToString(), u"Invalid procedure call or argument");
+}
+
+TEST(VarDeskUITest, TheSelectedVariableGoesBackAsTheHostsObject) {
+  Fixture f;
+  auto display = MakePlantDisplay();
+  auto counts = std::make_shared<LookupCounts>();
+  ComPtr<IDispatch> hostDisplay =
+      Forward(win32::ExposeObject(display).Get(), NameLookup::kGetIDsOfNames, GUID_NULL, counts);
+  // The core picks a variable it read through the adapters.
+  f.core->onEdit = nullptr;
+  auto adapted = win32::AdaptAs<toolkit::Display>(hostDisplay.Get());
+  f.core->selected = adapted->GetDataSources()->DsItem(2)->GetDsVars()->DsvItem(2);
+  ComPtr<IDispatch> selected;
+  ASSERT_EQ(f.ui->SelectDataVar(hostDisplay.Get(), 1, 501, 0, 0, selected.Put()), S_OK);
+  ASSERT_TRUE(selected);
+  auto holder = std::dynamic_pointer_cast<win32::DispatchHolder>(f.core->selected);
+  ASSERT_TRUE(holder);
+  EXPECT_EQ(selected.Get(), holder->Dispatch());
+}
+
+TEST(VarDeskUITest, CommunicationIsHandedOnAndReadsAsNothing) {
+  Fixture f;
+  auto comm = std::make_shared<MemCommunication>();
+  ComPtr<IDispatch> dispatch = win32::ExposeObject(comm);
+  EXPECT_EQ(f.ui->putref_Communication(dispatch.Get()), S_OK);
+  EXPECT_EQ(f.core->communication.get(), comm.get());
+  ComPtr<IDispatch> read;
+  EXPECT_EQ(f.ui->get_Communication(read.Put()), S_OK);
+  EXPECT_FALSE(read);
+  EXPECT_EQ(f.ui->putref_Communication(nullptr), S_OK);
+  EXPECT_EQ(f.core->communication, nullptr);
+}
+
+}  // namespace
+}  // namespace vd::testhost

@@ -1,0 +1,57 @@
+' The registered component created by ProgID, as a script host uses it.
+Class ScriptComm
+  Public Sub GetApplications(names, numbers)
+    names = Array("Plant")
+    numbers = Array(1)
+  End Sub
+End Class
+
+Const E_NOTIMPL = &H80004001
+Const kUnavailable = "The data browser dialog is not available in this build of VarDeskGUI"
+
+Dim ui, other, handler, d, r, modified, bridge
+Set ui = CreateObject("VarDeskGUI.VarDeskUI")
+Check "VarDeskUI is created by its ProgID", IsObject(ui) And Not ui Is Nothing
+Set handler = CreateObject("VarDeskGUI.SelectionHandler")
+Check "SelectionHandler is created by its ProgID", IsObject(handler) And Not handler Is Nothing
+
+ui.HelpFile = "C:\Help\Data Browser.chm"
+CheckEqual "HelpFile reads back what was set", ui.HelpFile, "C:\Help\Data Browser.chm"
+Set other = CreateObject("VarDeskGUI.VarDeskUI")
+CheckEqual "HelpFile is one for the whole application", other.HelpFile, "C:\Help\Data Browser.chm"
+other.HelpFile = ""
+CheckEqual "HelpFile can be emptied", ui.HelpFile, ""
+
+Set ui.Communication = New ScriptComm
+Check "Communication reads as Nothing after it was set", ui.Communication Is Nothing
+
+Set d = NewPlantDisplay()
+r = handler.SetSelectedVariable(d.List.DsItem(1).GetDsVars().DsvItem(1))
+Check "SetSelectedVariable returns Empty", IsEmpty(r)
+Check "GetSelectedVariable is Nothing after SetSelectedVariable", handler.GetSelectedVariable() Is Nothing
+r = handler.SetSelectedVariable(Nothing)
+Check "SetSelectedVariable takes Nothing", IsEmpty(r)
+
+On Error Resume Next
+ui.EditDataSources d
+CheckError "EditDataSources without the dialog", E_NOTIMPL, kUnavailable
+Set r = ui.SelectDataVar(d, 1, 501, 0, 0)
+CheckError "SelectDataVar without the dialog", E_NOTIMPL, kUnavailable
+modified = ui.IsModified()
+CheckError "IsModified without the dialog", E_NOTIMPL, kUnavailable
+ui.NoSuchMember
+CheckError "an unknown member", 438, ""
+On Error Goto 0
+
+Set bridge = CreateObject("VdTestBridge.EventBridge")
+On Error Resume Next
+bridge.Connect ui, New ScriptComm
+CheckError "a sink connects to the VarDeskUI events", 0, ""
+bridge.Disconnect
+CheckError "the sink disconnects", 0, ""
+bridge.Connect handler, New ScriptComm
+Check "SelectionHandler has no events to connect to", Err.Number <> 0
+Err.Clear
+On Error Goto 0
+
+Finish "registered"
