@@ -1,0 +1,378 @@
+#include <gtest/gtest.h>
+
+#include <functional>
+#include <vector>
+
+#include "error_probe.h"
+#include "vd/automation/conversions.h"
+#include "vd/sample/memory_toolkit.h"
+
+namespace vd::sample {
+namespace {
+
+using automation::String;
+using testing::RaisedBy;
+namespace kind = toolkit::kind;
+
+std::shared_ptr<MemoryDisplay> DisplayWith(const std::vector<String>& memoryNames) {
+  auto display = MemoryDisplay::Create();
+  for (const auto& name : memoryNames) display->DataSources()->Add(kind::kMemory, u"")->SetDsName(name);
+  return display;
+}
+
+std::vector<String> DsNames(MemoryDsList& list) {
+  std::vector<String> names;
+  for (int32_t i = 1; i <= list.DsCount(); ++i) names.push_back(list.DsItem(i)->GetDsName());
+  return names;
+}
+
+std::vector<String> DsvNames(MemoryDsvList& vars) {
+  std::vector<String> names;
+  for (int32_t j = 1; j <= vars.DsvCount(); ++j) names.push_back(vars.DsvItem(j)->GetDsvName());
+  return names;
+}
+
+TEST(MemoryToolkitAddDs, NamesNewDataSourcesByKindAndCreationText) {
+  const struct {
+    std::vector<String> existing;
+    int32_t kind;
+    String text;
+    String expected;
+  } cases[] = {
+      {{}, kind::kFile, u"", u"file1.dat"},
+      {{u"a"}, kind::kFile, u"", u"file2.dat"},
+      {{u"FILE2.DAT"}, kind::kFile, u"", u"file3.dat"},  // taken, ignoring case
+      {{u"a"}, kind::kFile, u"C:\\data\\trend.dat", u"C:\\data\\trend.dat"},
+      {{u"a"}, kind::kFile, u"a", u"a"},  // a file name may repeat
+      {{u"a"}, kind::kConstant, u"ignored", u"constant2"},
+      {{}, kind::kMemory, u"", u"memory1"},
+      {{u"x", u"memory3"}, kind::kMemory, u"", u"memory4"},
+      {{}, kind::kCustom, u"Acme.Report", u"default.custom"},
+      {{u"default.custom"}, kind::kCustom, u"Acme.Report", u"default.custom"},
+  };
+  for (const auto& c : cases) {
+    auto display = DisplayWith(c.existing);
+    auto list = display->DataSources();
+    auto ds = list->AddDs(c.kind, c.text);
+    ASSERT_NE(ds, nullptr) << c.kind;
+    EXPECT_EQ(ds->GetDsName(), c.expected) << c.kind;
+    EXPECT_EQ(ds->GetDsType(), c.kind);
+    ASSERT_EQ(list->DsCount(), static_cast<int32_t>(c.existing.size()) + 1);
+    EXPECT_EQ(list->DsItem(list->DsCount()), ds) << "the new data source goes last";
+  }
+}
+
+TEST(MemoryToolkitAddDs, RefusesKindsItDoesNotKnowAndCustomWithoutClass) {
+  const struct {
+    int32_t kind;
+    String text;
+  } cases[] = {{5, u"Spreadsheet"}, {0, u""}, {1, u""}, {4, u""}, {7, u""}, {104, u"X"}, {106, u"X"}, {-2, u""},
+               {kind::kCustom, u""}};
+  for (const auto& c : cases) {
+    auto display = DisplayWith({u"a"});
+    EXPECT_EQ(display->DataSources()->AddDs(c.kind, c.text), nullptr) << c.kind;
+    EXPECT_EQ(display->DataSources()->DsCount(), 1) << c.kind;
+  }
+}
+
+TEST(MemoryToolkitAddDs, GivesScadaDataSourcesTheirMarkerParameters) {
+  for (String className : {String(kScadaDsClass), String(u"telvanedv.DATASOURCE")}) {
+    auto ds = MemoryDisplay::Create()->DataSources()->AddDs(kind::kCustom, className);
+    auto params = ds->AsCustom()->GetParams();
+    ASSERT_EQ(params->ParamCount(), 3);
+    EXPECT_EQ(params->ParamItem(1)->GetParamType(), toolkit::paramtype::kText);
+    EXPECT_EQ(params->ParamItem(1)->GetParamValue().AsString(), kScadaDsMarker);
+    EXPECT_EQ(params->ParamItem(2)->GetParamType(), toolkit::paramtype::kNumber);
+    EXPECT_EQ(automation::CLng(params->ParamItem(2)->GetParamValue()), 0);
+    EXPECT_EQ(params->ParamItem(3)->GetParamType(), toolkit::paramtype::kNumber);
+    EXPECT_EQ(params->ParamItem(3)->GetParamValue().AsDouble(), kScadaDefaultBlinkPeriod);
+  }
+  auto other = MemoryDisplay::Create()->DataSources()->AddDs(kind::kCustom, u"Acme.Report");
+  EXPECT_EQ(other->AsCustom()->GetParams()->ParamCount(), 0);
+}
+
+TEST(MemoryToolkitCustom, OnlyCustomDataSourcesAndTheirVariablesExposeParameters) {
+  auto display = MemoryDisplay::Create();
+  auto list = display->DataSources();
+  for (int32_t k : {kind::kFile, kind::kConstant, kind::kMemory, kind::kCustom}) {
+    auto ds = list->AddDs(k, k == kind::kCustom ? u"Acme.Report" : u"");
+    auto dsv = ds->GetDsVars()->AddDsv();
+    const bool custom = k == kind::kCustom;
+    EXPECT_EQ(ds->AsCustom() != nullptr, custom) << k;
+    EXPECT_EQ(dsv->AsCustom() != nullptr, custom) << k;
+    if (custom) {
+      EXPECT_EQ(dsv->AsCustom()->GetParams()->ParamCount(), 0);
+      EXPECT_EQ(dsv->AsCustom()->GetDsvAccess(), 0);
+      list->Item(list->DsCount())->Variables()->Item(1)->SetAccess(1);
+      EXPECT_EQ(dsv->AsCustom()->GetDsvAccess(), 1);
+      EXPECT_EQ(dsv->AsCustom()->GetParams(), dsv->AsCustom()->GetParams()) << "one list per variable";
+    }
+  }
+}
+
+TEST(MemoryToolkitAddDsv, AppendsFreshlyNamedVariablesWithTheKindsDefaults) {
+  const struct {
+    int32_t kind;
+    int32_t type;
+  } cases[] = {{kind::kFile, toolkit::dsvtype::kFloat},
+               {kind::kConstant, toolkit::dsvtype::kFloat},
+               {kind::kMemory, toolkit::dsvtype::kDouble},
+               {kind::kCustom, toolkit::dsvtype::kDouble}};
+  for (const auto& c : cases) {
+    auto ds = MemoryDisplay::Create()->DataSources()->Add(c.kind, u"X.Y");
+    auto vars = ds->GetDsVars();
+    auto first = vars->AddDsv();
+    auto second = vars->AddDsv();
+    EXPECT_EQ(DsvNames(*ds->Variables()), (std::vector<String>{u"var1", u"var2"})) << c.kind;
+    EXPECT_EQ(vars->DsvItem(2), second);
+    EXPECT_EQ(first->GetDsvType(), c.type) << c.kind;
+    EXPECT_EQ(first->GetDsvRows(), 1);
+    EXPECT_EQ(first->GetDsvCols(), 1);
+    EXPECT_EQ(first->GetDsvShape(), toolkit::shape::kScalar);
+    EXPECT_EQ(first->GetDsvScope(), toolkit::scope::kPrivate);
+    EXPECT_EQ(first->GetDsvValue(), 0.0);
+    EXPECT_EQ(first->GetDsvUseCount(), 0);
+  }
+}
+
+TEST(MemoryToolkitAddDsv, SkipsNamesTakenIgnoringCaseAndFreesNamesOfDeletedVariables) {
+  auto ds = MemoryDisplay::Create()->DataSources()->Add(kind::kMemory, u"");
+  auto vars = ds->Variables();
+  vars->Add();
+  vars->Add()->SetDsvName(u"VAR3");
+  EXPECT_EQ(vars->Add()->GetDsvName(), u"var4");
+  ASSERT_TRUE(vars->Item(2)->RemoveDsv());  // "VAR3" is free again
+  vars->Item(2)->SetDsvName(u"x");          // and so is "var4"
+  EXPECT_EQ(vars->Add()->GetDsvName(), u"var3");
+  EXPECT_EQ(vars->Add()->GetDsvName(), u"var4");
+}
+
+TEST(MemoryToolkitMoves, RefuseAtTheEndsAndSwapNeighboursElsewhere) {
+  const struct {
+    int32_t index;
+    bool up;
+    bool moved;
+    std::vector<String> order;
+  } cases[] = {
+      {1, true, false, {u"a", u"b", u"c"}}, {1, false, true, {u"b", u"a", u"c"}}, {2, true, true, {u"b", u"a", u"c"}},
+      {2, false, true, {u"a", u"c", u"b"}}, {3, true, true, {u"a", u"c", u"b"}},  {3, false, false, {u"a", u"b", u"c"}},
+  };
+  for (const auto& c : cases) {
+    auto display = DisplayWith({u"a", u"b", u"c"});
+    auto list = display->DataSources();
+    auto ds = list->DsItem(c.index);
+    EXPECT_EQ(c.up ? ds->DsMoveUp() : ds->DsMoveDown(), c.moved) << c.index << c.up;
+    EXPECT_EQ(DsNames(*list), c.order) << c.index << c.up;
+
+    auto vars = display->DataSources()->Add(kind::kMemory, u"")->Variables();
+    for (const char16_t* name : {u"a", u"b", u"c"}) vars->Add()->SetDsvName(name);
+    auto dsv = vars->DsvItem(c.index);
+    EXPECT_EQ(c.up ? dsv->DsvMoveUp() : dsv->DsvMoveDown(), c.moved) << c.index << c.up;
+    EXPECT_EQ(DsvNames(*vars), c.order) << c.index << c.up;
+  }
+}
+
+TEST(MemoryToolkitDeletes, RefuseVariablesInUseAndDataSourcesHoldingThem) {
+  const struct {
+    std::vector<int32_t> useCounts;
+    int32_t removeVariable;  // 1-based, 0: remove the data source
+    bool removed;
+  } cases[] = {
+      {{0, 0}, 1, true},  {{0, 1}, 2, false}, {{0, 5}, 1, true},     {{0, 0}, 0, true},
+      {{0, 1}, 0, false}, {{}, 0, true},      {{3, 0, 0}, 0, false},
+  };
+  for (const auto& c : cases) {
+    auto display = DisplayWith({u"first"});
+    auto list = display->DataSources();
+    auto ds = list->Add(kind::kMemory, u"");
+    for (int32_t use : c.useCounts) ds->Variables()->Add()->SetUseCount(use);
+    const auto before = static_cast<int32_t>(c.useCounts.size());
+    if (c.removeVariable == 0) {
+      EXPECT_EQ(ds->RemoveDs(), c.removed);
+      EXPECT_EQ(list->DsCount(), c.removed ? 1 : 2);
+      EXPECT_EQ(ds->IsRemoved(), c.removed);
+    } else {
+      auto dsv = ds->Variables()->Item(c.removeVariable);
+      EXPECT_EQ(dsv->GetDsvUseCount(), c.useCounts[static_cast<size_t>(c.removeVariable) - 1]);
+      EXPECT_EQ(dsv->RemoveDsv(), c.removed);
+      EXPECT_EQ(ds->Variables()->DsvCount(), c.removed ? before - 1 : before);
+      EXPECT_EQ(dsv->IsRemoved(), c.removed);
+    }
+  }
+}
+
+TEST(MemoryToolkitDeletes, DeletedObjectsRaiseErrorFiveOnEveryUse) {
+  auto display = MemoryDisplay::Create();
+  auto ds = display->DataSources()->Add(kind::kCustom, kScadaDsClass);
+  auto vars = ds->GetDsVars();
+  auto dsv = vars->AddDsv();
+  auto kept = vars->AddDsv();
+  auto params = ds->AsCustom()->GetParams();
+  auto param = params->ParamItem(1);
+  ASSERT_TRUE(dsv->RemoveDsv());
+  EXPECT_EQ(kept->GetDsvName(), u"var2") << "the rest of the data source stays usable";
+  ASSERT_TRUE(ds->RemoveDs());
+
+  const std::function<void()> uses[] = {
+      [&] { dsv->GetDsvName(); },    [&] { dsv->RemoveDsv(); },       [&] { kept->GetDsvName(); },
+      [&] { kept->GetDsvParent(); }, [&] { kept->SetDsvRows(2); },    [&] { ds->GetDsName(); },
+      [&] { ds->GetDsVars(); },      [&] { ds->RemoveDs(); },         [&] { ds->DsMoveUp(); },
+      [&] { ds->AsCustom(); },       [&] { vars->DsvCount(); },       [&] { vars->AddDsv(); },
+      [&] { params->ParamCount(); }, [&] { param->GetParamValue(); }, [&] { param->SetParamValue(9, u"x"); },
+  };
+  for (size_t i = 0; i < std::size(uses); ++i) {
+    const auto raised = RaisedBy(uses[i]);
+    EXPECT_EQ(raised.number, automation::err::kInvalidProcedureCall) << "use " << i;
+    EXPECT_NE(raised.description.find("deleted"), std::string::npos) << raised.description;
+  }
+}
+
+TEST(MemoryToolkitLifetime, ReleasingTheDisplayFreesItsObjectsAndOrphansWhatIsStillHeld) {
+  auto display = MemoryDisplay::Create();
+  auto ds = display->DataSources()->Add(kind::kCustom, u"Acme.Report");
+  auto dsv = ds->Variables()->Add();
+  std::weak_ptr<MemoryDsList> weakList = display->DataSources();
+  std::weak_ptr<MemoryDs> weakDs = ds;
+  EXPECT_EQ(dsv->GetDsvParent(), ds);
+  auto facet = dsv->AsCustom();  // facets keep their object alive, not the other way round
+  display.reset();
+  EXPECT_TRUE(weakList.expired());
+  EXPECT_EQ(ds->GetDsName(), u"default.custom") << "a held data source keeps its own data";
+  EXPECT_EQ(RaisedBy([&] { ds->DsMoveDown(); }).number, automation::err::kInvalidProcedureCall);
+  EXPECT_EQ(RaisedBy([&] { ds->RemoveDs(); }).number, automation::err::kInvalidProcedureCall);
+  ds.reset();
+  EXPECT_TRUE(weakDs.expired()) << "a variable does not keep its data source alive";
+  EXPECT_EQ(dsv->GetDsvName(), u"var1");
+  EXPECT_EQ(facet->GetParams()->ParamCount(), 0);
+  for (const auto& call : std::vector<std::function<void()>>{[&] { dsv->GetDsvParent(); }, [&] { dsv->RemoveDsv(); },
+                                                             [&] { dsv->DsvMoveUp(); }}) {
+    const auto raised = RaisedBy(call);
+    EXPECT_EQ(raised.number, automation::err::kInvalidProcedureCall);
+    EXPECT_NE(raised.description.find("no longer belongs"), std::string::npos) << raised.description;
+  }
+}
+
+TEST(MemoryToolkitVariables, KeepDimensionsTypeAndScopeWithinTheToolkitsLimits) {
+  enum Field { kRows, kCols, kType, kScope };
+  const struct {
+    Field field;
+    int32_t value;
+    bool accepted;
+    const char* named;  // what the description names when refused
+  } cases[] = {
+      {kRows, -1, false, "Rows"},    {kRows, 0, true, ""},  {kRows, 65535, true, ""}, {kRows, 65536, false, "Rows"},
+      {kCols, -5, false, "Columns"}, {kCols, 0, true, ""},  {kCols, 255, true, ""},   {kCols, 70000, false, "Columns"},
+      {kType, 0, false, "type"},     {kType, 1, true, ""},  {kType, 9, true, ""},     {kType, 10, false, "type"},
+      {kScope, 0, false, "Scope"},   {kScope, 1, true, ""}, {kScope, 2, true, ""},    {kScope, 3, false, "Scope"},
+  };
+  for (const auto& c : cases) {
+    auto dsv = MemoryDisplay::Create()->DataSources()->Add(kind::kMemory, u"")->Variables()->Add();
+    dsv->SetDsvScope(2);
+    dsv->SetDsvType(3);
+    dsv->SetDsvRows(7);
+    dsv->SetDsvCols(7);
+    auto get = [&] {
+      switch (c.field) {
+        case kRows:
+          return dsv->GetDsvRows();
+        case kCols:
+          return dsv->GetDsvCols();
+        case kType:
+          return dsv->GetDsvType();
+        default:
+          return dsv->GetDsvScope();
+      }
+    };
+    const int32_t before = get();
+    const auto raised = RaisedBy([&] {
+      switch (c.field) {
+        case kRows:
+          dsv->SetDsvRows(c.value);
+          break;
+        case kCols:
+          dsv->SetDsvCols(c.value);
+          break;
+        case kType:
+          dsv->SetDsvType(c.value);
+          break;
+        case kScope:
+          dsv->SetDsvScope(c.value);
+          break;
+      }
+    });
+    if (c.accepted) {
+      EXPECT_EQ(raised.number, 0) << raised.description;
+      EXPECT_EQ(get(), c.value);
+    } else {
+      EXPECT_EQ(raised.number, automation::err::kInvalidProcedureCall) << c.field << " " << c.value;
+      EXPECT_NE(raised.description.find(c.named), std::string::npos) << raised.description;
+      EXPECT_NE(raised.description.find(std::to_string(c.value)), std::string::npos) << raised.description;
+      EXPECT_EQ(get(), before) << "a refused value changes nothing";
+    }
+  }
+}
+
+TEST(MemoryToolkitVariables, DeriveTheShapeFromRowsAndColumns) {
+  const struct {
+    int32_t rows, cols, shape;
+  } cases[] = {{1, 1, toolkit::shape::kScalar}, {0, 0, toolkit::shape::kScalar}, {1, 0, toolkit::shape::kScalar},
+               {1, 2, toolkit::shape::kVector}, {0, 5, toolkit::shape::kVector}, {2, 2, toolkit::shape::kMatrix},
+               {2, 1, toolkit::shape::kMatrix}, {2, 0, toolkit::shape::kMatrix}, {1, 255, toolkit::shape::kVector}};
+  auto dsv = MemoryDisplay::Create()->DataSources()->Add(kind::kMemory, u"")->Variables()->Add();
+  for (const auto& c : cases) {
+    dsv->SetDsvRows(c.rows);
+    dsv->SetDsvCols(c.cols);
+    EXPECT_EQ(dsv->GetDsvShape(), c.shape) << c.rows << "x" << c.cols;
+  }
+}
+
+TEST(MemoryToolkitItems, RaiseErrorNineOutsideTheList) {
+  auto display = DisplayWith({u"a", u"b"});
+  auto vars = display->DataSources()->Item(1)->Variables();
+  vars->Add();
+  for (int32_t index : {0, -1, 3}) {
+    EXPECT_EQ(RaisedBy([&] { display->DataSources()->DsItem(index); }).number, automation::err::kSubscriptOutOfRange);
+  }
+  for (int32_t index : {0, 2}) {
+    EXPECT_EQ(RaisedBy([&] { vars->DsvItem(index); }).number, automation::err::kSubscriptOutOfRange);
+  }
+}
+
+TEST(MemoryToolkitFormats, OnlyFileDataSourcesHaveOne) {
+  auto list = MemoryDisplay::Create()->DataSources();
+  auto file = list->Add(kind::kFile, u"");
+  EXPECT_TRUE(file->GetDsAscii());
+  file->SetDsAscii(false);
+  EXPECT_FALSE(file->GetDsAscii());
+  for (int32_t k : {kind::kConstant, kind::kMemory}) {
+    auto ds = list->Add(k, u"");
+    EXPECT_FALSE(ds->GetDsAscii());
+    EXPECT_EQ(RaisedBy([&] { ds->SetDsAscii(true); }).number, automation::err::kInvalidProcedureCall);
+  }
+}
+
+TEST(MemoryToolkitLimits, RefuseDataSourcesAndVariablesBeyondThem) {
+  auto list = MemoryDisplay::Create(ToolkitLimits{2, 3})->DataSources();
+  auto ds = list->AddDs(kind::kMemory, u"");
+  EXPECT_NE(list->AddDs(kind::kFile, u""), nullptr);
+  EXPECT_EQ(list->AddDs(kind::kFile, u""), nullptr);
+  EXPECT_EQ(list->DsCount(), 2);
+  auto vars = ds->GetDsVars();
+  for (int i = 0; i < 3; ++i) EXPECT_NE(vars->AddDsv(), nullptr);
+  EXPECT_EQ(vars->AddDsv(), nullptr);
+  EXPECT_EQ(vars->DsvCount(), 3);
+}
+
+TEST(MemoryToolkitUseCounts, AreKeptPerVariableAndNeverNegative) {
+  auto vars = MemoryDisplay::Create()->DataSources()->Add(kind::kMemory, u"")->Variables();
+  auto a = vars->Add();
+  auto b = vars->Add();
+  a->SetUseCount(4);
+  EXPECT_EQ(a->GetDsvUseCount(), 4);
+  EXPECT_EQ(b->GetDsvUseCount(), 0);
+  EXPECT_EQ(RaisedBy([&] { b->SetUseCount(-1); }).number, automation::err::kInvalidProcedureCall);
+  EXPECT_EQ(b->GetDsvUseCount(), 0);
+}
+
+}  // namespace
+}  // namespace vd::sample

@@ -1,0 +1,216 @@
+#include <gtest/gtest.h>
+
+#include <filesystem>
+#include <fstream>
+#include <string>
+
+#include "vd/automation/conversions.h"
+#include "vd/sample/sample_file.h"
+
+namespace vd::sample {
+namespace {
+
+using automation::String;
+namespace fs = std::filesystem;
+
+// The 1-based line on which marker first appears in text.
+int LineOf(const std::string& text, const std::string& marker) {
+  const size_t at = text.find(marker);
+  EXPECT_NE(at, std::string::npos) << marker;
+  int line = 1;
+  for (size_t i = 0; i < at && i < text.size(); ++i) line += text[i] == '\n';
+  return line;
+}
+
+SampleDisplay Load(const std::string& text) { return LoadDisplayText(text, "test.json", "/samples"); }
+
+TEST(SampleFileErrors, NameTheLineAndTheReasonAndLoadNothing) {
+  const struct {
+    const char* what;
+    std::string text;
+    std::string marker;  // first text of the line the report must name
+    std::string reason;  // part of the reason
+  } cases[] = {
+      {"truncated", "{\n  \"dataSources\": [\n    { \"name\": \"a\", \"kind\": \"memory\" }\n", "{ \"name\"",
+       "unexpected end of input"},
+      {"truncated in a string", "{\n  \"dataSources\": [\n    { \"name\": \"Tank", "{ \"name\"", "syntax error"},
+      {"empty file", "", "", "unexpected end of input"},
+      {"stray comma", "{\n  \"dataSources\": [\n    {},\n  ]\n}\n", "  ]", "syntax error"},
+      {"root not an object", "[\n]\n", "[", "must be an object, not array"},
+      {"missing data sources", "{\n  \"scada\": {}\n}\n", "{", "missing \"dataSources\""},
+      {"missing kind", "{\n  \"dataSources\": [\n    { \"name\": \"Operator_Entries\" }\n  ]\n}\n", "{ \"name\"",
+       "dataSources[0]: missing \"kind\""},
+      {"unknown kind", "{\"dataSources\": [\n{\"name\": \"x\",\n \"kind\": \"spreadsheet\"}]}", " \"kind\"",
+       "\"spreadsheet\" is not one of"},
+      {"wrong type of rows",
+       "{\"dataSources\": [{\"name\": \"m\", \"kind\": \"memory\", \"variables\": [\n"
+       "  {\"name\": \"LT101\",\n   \"rows\": \"two\"}]}]}",
+       "   \"rows\"", "dataSources[0].variables[0].rows: must be a whole number"},
+      {"rows beyond the toolkit's limit",
+       "{\"dataSources\": [{\"name\": \"m\", \"kind\": \"memory\", \"variables\": [\n"
+       "  {\"name\": \"LT101\",\n   \"rows\": 70000}]}]}",
+       "   \"rows\"", "Rows must be between 0 and 65535"},
+      {"fractional use count",
+       "{\"dataSources\": [{\"name\": \"m\", \"kind\": \"memory\", \"variables\": [\n"
+       "  {\"name\": \"LT101\",\n   \"useCount\": 1.5}]}]}",
+       "   \"useCount\"", "whole number"},
+      {"wrong type of name", "{\"dataSources\": [\n  {\"name\": 12, \"kind\": \"memory\"}]}", "  {\"name\"",
+       "must be a text, not number"},
+      {"duplicate key",
+       "{\n  \"dataSources\": [\n    { \"name\": \"a\", \"kind\": \"memory\",\n      \"name\": \"b\" }\n  ]\n}\n",
+       "      \"name\": \"b\"", "duplicate key \"name\""},
+      {"duplicate variable name",
+       "{\"dataSources\": [{\"name\": \"m\", \"kind\": \"memory\", \"variables\": [\n"
+       "  {\"name\": \"Pump_Running\"},\n  {\"name\": \"PUMP_RUNNING\"}]}]}",
+       "  {\"name\": \"PUMP", "duplicate variable name \"PUMP_RUNNING\""},
+      {"misspelt key",
+       "{\"dataSources\": [{\"name\": \"m\", \"kind\": \"memory\", \"variables\": [\n"
+       "  {\"name\": \"P1\",\n   \"useCont\": 2}]}]}",
+       "   \"useCont\"", "unknown key \"useCont\""},
+      {"params on a memory data source",
+       "{\"dataSources\": [\n{\"name\": \"m\", \"kind\": \"memory\",\n \"params\": []}]}", " \"params\"",
+       "only custom data sources"},
+      {"custom without class", "{\"dataSources\": [\n{\"name\": \"c\", \"kind\": \"custom\"}]}", "{\"name\": \"c\"",
+       "missing \"className\""},
+      {"parameter of unknown type",
+       "{\"dataSources\": [{\"name\": \"c\", \"kind\": \"custom\", \"className\": \"A.B\", \"params\": [\n"
+       "  {\"type\": \"date\", \"value\": \"x\"}]}]}",
+       "  {\"type\"", "\"date\" is not one of"},
+      {"duplicate application",
+       "{\"dataSources\": [], \"scada\": {\"applications\": [\n"
+       "  {\"number\": 1, \"name\": \"A\", \"directory\": \"a\"},\n"
+       "  {\"number\": 1, \"name\": \"B\", \"directory\": \"b\"}]}}",
+       "  {\"number\": 1, \"name\": \"B\"", "duplicate application number 1"},
+      {"duplicate object",
+       "{\"dataSources\": [], \"scada\": {\"applications\": [{\"number\": 1, \"name\": \"A\", \"directory\": \"a\"}],\n"
+       " \"objects\": [\n  {\"application\": 1, \"name\": \"STA\", \"kind\": \"P\", \"index\": 10},\n"
+       "  {\"application\": 1, \"name\": \"sta\", \"kind\": \"p\", \"index\": 10}]}}",
+       "  {\"application\": 1, \"name\": \"sta\"", "exists already"},
+      {"object of an unknown application",
+       "{\"dataSources\": [], \"scada\": {\"applications\": [],\n \"objects\": [\n"
+       "  {\"application\": 4,\n   \"name\": \"STA\", \"kind\": \"P\"}]}}",
+       "  {\"application\": 4", "no application has number 4"},
+      {"current application unknown", "{\"dataSources\": [],\n \"scada\": {\n  \"currentApplication\": 3}}",
+       "  \"currentApplication\"", "no application has number 3"},
+      {"kind of two letters",
+       "{\"dataSources\": [], \"scada\": {\"objects\": [\n  {\"name\": \"STA\",\n   \"kind\": \"PB\"}]}}",
+       "   \"kind\"", "one letter"},
+  };
+  for (const auto& c : cases) {
+    try {
+      Load(c.text);
+      ADD_FAILURE() << c.what << ": loaded";
+    } catch (const SampleFileError& e) {
+      EXPECT_EQ(e.File(), "test.json") << c.what;
+      EXPECT_EQ(e.Line(), LineOf(c.text, c.marker)) << c.what << ": " << e.what();
+      EXPECT_NE(e.Reason().find(c.reason), std::string::npos) << c.what << ": " << e.what();
+      EXPECT_EQ(std::string(e.what()), "test.json:" + std::to_string(e.Line()) + ": " + e.Reason());
+    }
+  }
+}
+
+TEST(SampleFileLoad, BuildsTheDisplayAndTheSystemFromTheFile) {
+  const std::string text = R"({
+  "dataSources": [
+    { "name": "trend.dat", "kind": "file", "ascii": false,
+      "variables": [ { "name": "LT101", "type": "Float", "cols": 24, "scope": "public", "useCount": 2 } ] },
+    { "name": "Pumps.custom", "kind": "custom", "className": "TelvaneDV.DataSource",
+      "variables": [ { "name": "P101", "access": 1,
+                       "params": [ { "type": "empty" }, { "type": "text", "value": "\\\\APL\\3\\P\\P101\\10:OV" },
+                                   { "type": "number", "value": 17 } ] } ] }
+  ],
+  "scada": {
+    "applications": [ { "number": 3, "name": "PUMPS", "directory": "apl/PUMPS" } ],
+    "objects": [ { "application": 3, "name": "P101", "kind": "P", "index": 10,
+                   "attributes": { "OV": 1, "TREND": [ 1.5, 2 ] }, "offsets": "1,2,3" } ]
+  }
+})";
+  const SampleDisplay sample = Load(text);
+  auto list = sample.display->GetDataSources();
+  ASSERT_EQ(list->DsCount(), 2);
+  auto file = list->DsItem(1);
+  EXPECT_EQ(file->GetDsType(), toolkit::kind::kFile);
+  EXPECT_FALSE(file->GetDsAscii());
+  auto level = file->GetDsVars()->DsvItem(1);
+  EXPECT_EQ(level->GetDsvName(), u"LT101");
+  EXPECT_EQ(level->GetDsvShape(), toolkit::shape::kVector);
+  EXPECT_EQ(level->GetDsvScope(), toolkit::scope::kPublic);
+  EXPECT_EQ(level->RemoveDsv(), false) << "in use";
+
+  auto scadaDs = list->DsItem(2);
+  EXPECT_EQ(scadaDs->GetDsName(), u"Pumps.custom");
+  EXPECT_EQ(scadaDs->AsCustom()->GetParams()->ParamCount(), 3) << "the class's own parameters";
+  auto pump = scadaDs->GetDsVars()->DsvItem(1)->AsCustom();
+  EXPECT_EQ(pump->GetDsvAccess(), 1);
+  auto params = pump->GetParams();
+  ASSERT_EQ(params->ParamCount(), 3);
+  EXPECT_EQ(params->ParamItem(1)->GetParamType(), 0);
+  EXPECT_TRUE(params->ParamItem(1)->GetParamValue().IsEmpty());
+  EXPECT_EQ(automation::CLng(params->ParamItem(3)->GetParamValue()), 17);
+
+  ASSERT_NE(sample.scada, nullptr);
+  EXPECT_EQ(sample.scada->CurrentApplication(), 3);
+  automation::Variant value;
+  sample.scada->ValidateItem(params->ParamItem(2)->GetParamValue().AsString(), value);
+  EXPECT_EQ(value, automation::Variant(int32_t{1}));
+  sample.scada->ValidateItem(u"\\\\APL\\3\\P\\P101\\10:TREND", value);
+  EXPECT_TRUE(value.IsArray());
+  EXPECT_EQ(fs::path(sample.scada->Applications()[0].directory),
+            (fs::path("/samples") / "apl" / "PUMPS").make_preferred());
+}
+
+TEST(SampleFileLoad, AFileWithoutScadaSectionHasNoSystem) {
+  EXPECT_EQ(Load(R"({"dataSources": []})").scada, nullptr);
+  EXPECT_NE(Load(R"({"dataSources": [], "scada": {}})").scada, nullptr);
+}
+
+TEST(SampleFileLoad, WritingAndReadingAgainGivesTheSameText) {
+  const std::string text = R"({"dataSources": [
+    {"name": "C", "kind": "constant", "variables": [{"name": "K", "value": 0.1, "useCount": 1}]},
+    {"name": "L.custom", "kind": "custom", "className": "Lab.Sampler", "params": [{"type": "number", "value": 900}],
+     "variables": [{"name": "T", "type": "Text", "cols": 255, "access": 1, "params": [{"type": "text", "value": "é"}]}]}],
+   "scada": {"currentApplication": 2,
+             "applications": [{"number": 1, "name": "A", "directory": "apl/A"}, {"number": 2, "name": "B", "directory": "/abs/B"}],
+             "objects": [{"name": "WD", "kind": "b", "index": 1, "attributes": {"OV": -3, "F": 2.5, "S": "x", "N": null, "Y": true}}]}})";
+  const std::string written = WriteDisplayJson(Load(text), "/samples");
+  EXPECT_EQ(WriteDisplayJson(Load(written), "/samples"), written);
+  EXPECT_NE(written.find("\"apl/A\""), std::string::npos) << "relative directories stay relative";
+  EXPECT_NE(written.find("\"currentApplication\": 2"), std::string::npos);
+}
+
+TEST(SampleFileLoad, ReportsAFileItCannotOpenWithLineZero) {
+  const fs::path missing = fs::temp_directory_path() / "vd-sample-missing" / "none.json";
+  try {
+    LoadDisplayFile(missing);
+    ADD_FAILURE() << "loaded";
+  } catch (const SampleFileError& e) {
+    EXPECT_EQ(e.Line(), 0);
+    EXPECT_EQ(e.File(), missing.string());
+  }
+}
+
+TEST(SampleFileLoad, SavedFilesLoadAgainFromTheirOwnFolder) {
+  const fs::path folder = fs::temp_directory_path() / "vd-sample-saved-files";
+  fs::create_directories(folder);
+  const fs::path path = folder / "saved.json";
+  const SampleDisplay sample = LoadDisplayText(
+      R"({"dataSources": [{"name": "m", "kind": "memory"}],
+          "scada": {"applications": [{"number": 1, "name": "A", "directory": "apl/A"}]}})",
+      "x.json", folder);
+  SaveDisplayFile(sample, path);
+  const SampleDisplay again = LoadDisplayFile(path);
+  EXPECT_EQ(again.scada->Applications()[0].directory, sample.scada->Applications()[0].directory);
+  EXPECT_EQ(WriteDisplayJson(again, folder), WriteDisplayJson(sample, folder));
+  std::ofstream(path) << "{\n  \"dataSources\": [\n";
+  try {
+    LoadDisplayFile(path);
+    ADD_FAILURE() << "loaded a truncated file";
+  } catch (const SampleFileError& e) {
+    EXPECT_EQ(e.File(), path.string());
+    EXPECT_EQ(e.Line(), 2);
+  }
+  fs::remove_all(folder);
+}
+
+}  // namespace
+}  // namespace vd::sample
