@@ -30,6 +30,7 @@ void Form::Register(Control& control) { all_.push_back(&control); }
 void Form::Unregister(Control& control) {
   all_.erase(std::remove(all_.begin(), all_.end(), &control), all_.end());
   if (active_ == &control) active_ = nullptr;
+  if (announced_ == &control) announced_ = nullptr;
 }
 
 Control* Form::FindControl(StringView name) const {
@@ -98,6 +99,7 @@ void Form::Unload() {
   Control::Fire(onUnload, cancel);
   if (cancel) return;
   Hide();
+  announced_ = nullptr;
   if (active_ != nullptr) {
     active_ = nullptr;
     Notify(Property::kActiveControl);
@@ -145,12 +147,22 @@ void Form::Hide() {
 
 void Form::MoveFocus(Control* target) {
   if (active_ == target) return;
-  Control* old = active_;
   active_ = target;
   Notify(Property::kActiveControl);
+  // LostFocus goes to the control whose GotFocus ran, which is not always the
+  // active one: a LostFocus handler may move the focus again before the
+  // control it was going to ever heard GotFocus.
+  Control* old = announced_;
+  announced_ = nullptr;
+  if (old == target) {
+    announced_ = target;
+    return;
+  }
   if (old != nullptr) Control::Fire(old->onLostFocus);
-  // A LostFocus handler may have sent the focus elsewhere.
-  if (target != nullptr && active_ == target) Control::Fire(target->onGotFocus);
+  if (target != nullptr && active_ == target && announced_ == nullptr) {
+    announced_ = target;
+    Control::Fire(target->onGotFocus);
+  }
 }
 
 bool Form::UserKeyDown(int16_t keyCode, int16_t shift) {

@@ -54,8 +54,11 @@ std::optional<ScriptedUiServices::Answer> ScriptedUiServices::Take(Kind kind, co
     return std::nullopt;
   }
   if (answers_.front().kind != kind) {
+    // The scripted answer is dropped with the failure, so that one wrong call
+    // does not set every later answer off by one.
     ADD_FAILURE() << "expected " << KindName(static_cast<int>(answers_.front().kind)) << ", got "
                   << KindName(static_cast<int>(kind)) << ": " << call;
+    answers_.pop_front();
     return std::nullopt;
   }
   Answer answer = std::move(answers_.front());

@@ -124,6 +124,7 @@ class Form : public Container {
   Form* owner_ = nullptr;
   ModalHost* modalHost_ = nullptr;
   Control* active_ = nullptr;
+  Control* announced_ = nullptr;  // the control whose GotFocus ran last, until its LostFocus
   std::vector<Control*> all_;
   std::vector<PropertyObserver*> observers_;
   void* nativeHandle_ = nullptr;

@@ -3,8 +3,8 @@
 // need an answer (message box, input box, open-file dialog, starting a
 // program) take it from a queue that the test fills beforehand, in call order.
 // A call whose kind is not at the head of the queue fails the test
-// (ADD_FAILURE) and is answered vbOK / "" / false; answers left over at the
-// end fail it too.
+// (ADD_FAILURE), drops that answer, and is answered vbOK / "" / false;
+// answers left over at the end fail it too.
 //
 //   ScriptedUiServices ui;
 //   ui.ExpectMessageBox(u"The data source \"Plant\" is in use.", vbExclamation);
