@@ -95,9 +95,10 @@ void frmDataBrowser::RebuildDsvNodes(int16_t dsIndex, std::optional<int16_t> sel
   forms::NodeRef requested;
   for (int32_t j = 1; j <= count; ++j) {
     const String name = Obj(vars->DsvItem(j)).GetDsvName();
+    String position = ToDecimal(j);
     const forms::NodeRef node =
-        nodes.Add(parentKey, forms::tvwChild, keyPrefix + ToDecimal(j), name, tree_image::kVariable);
-    node->SetTag(Variant(ToDecimal(j)));
+        nodes.Add(parentKey, forms::tvwChild, keyPrefix + position, name, tree_image::kVariable);
+    node->SetTag(Variant(std::move(position)));
     if (selectIndex && *selectIndex == j) requested = node;
   }
   if (DsSortFlags.Item(dsIndex)) dsNode->SetSorted(true);
