@@ -114,7 +114,7 @@ int16_t frmDataBrowser::GetCurrentDsIndex() {
   // Compared as a Long: the tree may hold far more than 32767 nodes, while a
   // data source index always fits an Integer.
   const int32_t index = node->Index();
-  if (index > dsNodeCount) return ToInteger(node->Parent()->Index());
+  if (index > dsNodeCount) return ToInteger(Obj(node->Parent()).Index());
   return ToInteger(index);
 }
 
