@@ -1,2 +1,9 @@
 # Files of this folder, relative to it, for the vd_system library.
-set(VD_FOLDER_SOURCES)
+set(VD_FOLDER_SOURCES
+  dialog_modes.cpp
+  frm_data_browser.cpp
+  frm_data_browser_design.cpp
+  lifecycle.cpp
+  selection_filter.cpp
+  tree_build.cpp
+  tree_events.cpp)

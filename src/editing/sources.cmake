@@ -1,2 +1,4 @@
 # Files of this folder, relative to it, for the vd_system library.
-set(VD_FOLDER_SOURCES)
+set(VD_FOLDER_SOURCES
+  ds_panel.cpp
+  dsv_panel.cpp)

@@ -1,0 +1,194 @@
+// The tree built from a display: keys, indexes, texts, images, expansion,
+// rebuilding one data source, the sort flags, and the 16-bit counts.
+#include <vector>
+
+#include "browser_harness.h"
+
+namespace vd::system_test {
+namespace {
+
+using automation::Variant;
+
+std::vector<String> ChildKeys(const forms::NodeRef& node) {
+  std::vector<String> keys;
+  for (forms::NodeRef child = node->Child(); child; child = child->Next()) keys.push_back(child->Key());
+  return keys;
+}
+
+struct NodeCase {
+  const char16_t* key;
+  int32_t index;
+  const char16_t* text;
+  int32_t image, expandedImage;
+  const char16_t* parent;
+  Variant tag;
+};
+
+TEST(TreeNodes, FollowTheKeyIndexTextImageAndTagScheme) {
+  BrowserHarness h;
+  h.dlg.InitDBForEdit(h.plant);
+  const std::vector<NodeCase> cases = {
+      {u"_Plant1", 1, u"Plant", 2, 3, u"", Variant()},       {u"_Empty2", 2, u"Empty", 2, 3, u"", Variant()},
+      {u"_Plant3", 3, u"Plant", 2, 3, u"", Variant()},       {u"1:1", 4, u"Level", 1, 0, u"_Plant1", Variant(u"1")},
+      {u"1:2", 5, u"Flow", 1, 0, u"_Plant1", Variant(u"2")}, {u"1:3", 6, u"Label", 1, 0, u"_Plant1", Variant(u"3")},
+      {u"3:1", 7, u"Limit", 1, 0, u"_Plant3", Variant(u"1")}};
+  ASSERT_EQ(h.dlg.treDataSources.Nodes().Count(), 7);
+  EXPECT_EQ(h.inside.DsNodeCount(), 3);
+  for (const NodeCase& c : cases) {
+    const forms::NodeRef node = h.Node(c.key);
+    SCOPED_TRACE(ToUtf8(c.key));
+    EXPECT_EQ(node->Index(), c.index);
+    EXPECT_EQ(node->Text(), c.text);
+    EXPECT_EQ(node->Image(), c.image);
+    EXPECT_EQ(node->ExpandedImage(), c.expandedImage);
+    EXPECT_EQ(node->Parent() ? node->Parent()->Key() : String(), c.parent);
+    EXPECT_EQ(node->Tag(), c.tag);
+    EXPECT_EQ(node->Expanded(), c.index <= 3);  // expand all is ticked when the form loads
+  }
+  // The current data source is the selected node's, or its parent's.
+  for (const auto& [key, ds] :
+       std::vector<std::pair<String, int16_t>>{{u"_Empty2", 2}, {u"1:1", 1}, {u"1:3", 1}, {u"3:1", 3}}) {
+    h.Node(key)->SetSelected(true);
+    EXPECT_EQ(h.inside.GetCurrentDsIndex(), ds);
+  }
+
+  h.dlg.chkExpandAll.SetValue(forms::vbUnchecked);
+  h.dlg.InitDBForEdit(h.plant);
+  EXPECT_FALSE(h.Node(u"_Plant3")->Expanded());
+}
+
+TEST(TreeNodes, ADisplayWithoutDataSourcesGivesAnEmptyTree) {
+  BrowserHarness h;
+  h.dlg.InitDBForSelect(DisplayFromJson(R"({ "dataSources": [] })"), 1, 501, 0, 0);
+  EXPECT_EQ(h.dlg.treDataSources.Nodes().Count(), 0);
+  EXPECT_EQ(h.dlg.treDataSources.SelectedItem(), nullptr);
+  EXPECT_EQ(h.inside.GetCurrentDsIndex(), -1);
+  EXPECT_FALSE(h.dlg.fraDs.Visible());
+  EXPECT_FALSE(h.dlg.cmdDelete.Enabled());
+  EXPECT_EQ(h.dlg.cmdDelete.ToolTipText(), u"Delete ");
+  EXPECT_EQ(h.dlg.cmdMoveUp.ToolTipText(), u"Move up");
+  EXPECT_EQ(h.dlg.cmdMoveDown.ToolTipText(), u"Move down");
+}
+
+TEST(TreeNodes, KeysThatCollideRaiseTheTreesDuplicateKeyError) {
+  // "A1" at position 1 and "A" at position 11 both give the key _A11.
+  std::string json = R"({ "dataSources": [ { "name": "A1", "kind": "memory" })";
+  for (int i = 2; i <= 10; ++i) json += R"(, { "name": "F", "kind": "memory" })";
+  BrowserHarness h;
+  auto display = DisplayFromJson(json + R"(, { "name": "A", "kind": "memory" } ] })");
+  EXPECT_EQ(ErrorOf([&] { h.dlg.InitDBForEdit(display); }), automation::err::kTreeKeyNotUnique);
+}
+
+TEST(TreeRebuild, SelectsTheRequestedDataSourceOrNodeOne) {
+  BrowserHarness h;
+  h.dlg.InitDBForEdit(h.plant);
+  const std::vector<std::pair<std::optional<int16_t>, String>> cases = {
+      {std::nullopt, u"_Plant1"}, {2, u"_Empty2"}, {3, u"_Plant3"}, {0, u"_Plant1"}, {4, u"_Plant1"}};
+  for (const auto& [request, key] : cases) {
+    h.Node(u"3:1")->SetSelected(true);
+    h.inside.RebuildTree(request);
+    EXPECT_EQ(h.Selected(), key);
+    EXPECT_TRUE(h.dlg.fraDs.Visible());
+    EXPECT_FALSE(h.inside.PanelFilling());
+  }
+}
+
+TEST(TreeRebuild, OneDataSourceFollowsItsVariablesAndLeavesTheOthersAlone) {
+  BrowserHarness h;
+  h.dlg.InitDBForEdit(h.plant);
+  auto vars = h.plant->DataSources()->Item(1)->Variables();
+  vars->Add()->SetDsvName(u"Pressure");
+  ASSERT_TRUE(vars->Item(2)->RemoveDsv());
+  h.Node(u"1:2")->SetSelected(true);
+  h.inside.RebuildDsvNodes(1);
+  EXPECT_EQ(ChildKeys(h.Node(u"_Plant1")), (std::vector<String>{u"1:1", u"1:2", u"1:3"}));
+  EXPECT_EQ(h.Node(u"1:3")->Text(), u"Pressure");
+  EXPECT_EQ(h.Selected(), u"_Plant1");  // the selected variable went with the old nodes
+  // Data sources keep 1..3; the rebuilt variables now come after 3:1.
+  EXPECT_EQ(h.Node(u"3:1")->Index(), 4);
+  EXPECT_EQ(h.Node(u"1:1")->Index(), 5);
+  h.Node(u"1:3")->SetSelected(true);
+  EXPECT_EQ(h.inside.GetCurrentDsIndex(), 1);
+
+  h.inside.RebuildDsvNodes(1, 2);
+  EXPECT_EQ(h.Selected(), u"1:2");
+  EXPECT_TRUE(h.dlg.fraDsv.Visible());
+  EXPECT_EQ(h.dlg.GetSelectedDsv(), vars->Item(2));
+
+  h.inside.SetDialogMode(kSelect);
+  h.inside.RebuildDsvNodes(2, 1);  // no variables: the data source panel
+  EXPECT_TRUE(h.dlg.fraDs.Visible());
+  EXPECT_FALSE(h.dlg.dbOK.Enabled());
+}
+
+TEST(DsSortFlags, GrowEachRunNeverShrinkAndSortTheirDataSourcesVariables) {
+  BrowserHarness h;
+  h.dlg.InitDBForEdit(h.plant);
+  automation::Collection<bool>& flags = h.inside.DsSortFlags();
+  ASSERT_EQ(flags.Count(), 3);
+  flags.AddAfter(1, true);  // as the view sort sets a flag
+  flags.Remove(1);
+  h.Node(u"_Plant3")->SetSorted(true);
+  h.inside.RebuildDsvNodes(3);
+  EXPECT_FALSE(h.Node(u"_Plant3")->Sorted());
+  h.inside.RebuildDsvNodes(1);
+  EXPECT_TRUE(h.Node(u"_Plant1")->Sorted());
+  EXPECT_EQ(ChildKeys(h.Node(u"_Plant1")), (std::vector<String>{u"1:2", u"1:3", u"1:1"}));  // Flow, Label, Level
+
+  // A later run on another display appends behind and reads flag 1 from the first run.
+  h.dlg.InitDBForSelect(DisplayFromJson(R"({ "dataSources": [ { "name": "Only", "kind": "memory",
+      "variables": [ { "name": "b" }, { "name": "A" } ] } ] })"),
+                        1, 501, 0, 0);
+  EXPECT_EQ(flags.Count(), 4);
+  EXPECT_FALSE(flags.Item(4));
+  EXPECT_EQ(h.Node(u"_Only1")->Child()->Text(), u"A");
+}
+
+// Answers any count; every data source is the same one.
+class ManyDataSources final : public toolkit::DsList {
+ public:
+  ManyDataSources(int32_t count, toolkit::DsRef each) : count_(count), each_(std::move(each)) {}
+  int32_t DsCount() override { return count_; }
+  toolkit::DsRef DsItem(int32_t) override { return each_; }
+  toolkit::DsRef AddDs(int32_t, const String&) override { return nullptr; }
+
+ private:
+  int32_t count_;
+  toolkit::DsRef each_;
+};
+
+class DisplayOf final : public toolkit::Display {
+ public:
+  explicit DisplayOf(toolkit::DsListRef list) : list_(std::move(list)) {}
+  toolkit::DsListRef GetDataSources() override { return list_; }
+
+ private:
+  toolkit::DsListRef list_;
+};
+
+TEST(IntegerCounts, MoreThan32767DataSourcesOrVariablesIsAnOverflowNotAWrap) {
+  BrowserHarness h;
+  const toolkit::DsRef same = h.plant->GetDataSources()->DsItem(2);
+  const auto dataSources = [&](int32_t n) {
+    return std::make_shared<DisplayOf>(std::make_shared<ManyDataSources>(n, same));
+  };
+  EXPECT_EQ(ErrorOf([&] { h.desk.EditDataSources(dataSources(32768)); }), automation::err::kOverflow);
+  EXPECT_EQ(ErrorOf([&] { h.desk.SelectDataVar(dataSources(32768), 1, 501, 0, 0); }), automation::err::kOverflow);
+  h.dlg.InitDBForEdit(dataSources(32767));
+  EXPECT_EQ(h.inside.DsNodeCount(), 32767);
+  EXPECT_EQ(h.Node(u"_Empty32767")->Index(), 32767);
+
+  auto one = DisplayFromJson(R"({ "dataSources": [ { "name": "Big", "kind": "memory" } ] })");
+  auto vars = one->DataSources()->Item(1)->Variables();
+  for (int i = 0; i < 32767; ++i) vars->Add();
+  h.dlg.InitDBForEdit(one);
+  // A variable node beyond the Integer range still finds its data source.
+  h.Node(u"1:32767")->SetSelected(true);
+  EXPECT_EQ(h.dlg.treDataSources.SelectedItem()->Index(), 32768);
+  EXPECT_EQ(h.inside.GetCurrentDsIndex(), 1);
+  vars->Add();
+  EXPECT_EQ(ErrorOf([&] { h.dlg.InitDBForEdit(one); }), automation::err::kOverflow);
+}
+
+}  // namespace
+}  // namespace vd::system_test
