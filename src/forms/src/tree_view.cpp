@@ -83,7 +83,7 @@ bool TreeView::UserDoubleClickNode(const NodeRef& node) {
   return true;
 }
 
-bool TreeView::UserMouseMove(int16_t button, int16_t shift, float x, float y, NodeRef nodeUnderMouse) {
+bool TreeView::UserMouseMove(int16_t button, int16_t shift, float x, float y, const NodeRef& nodeUnderMouse) {
   if (!CanUse()) return false;
   hitX_ = x;
   hitY_ = y;

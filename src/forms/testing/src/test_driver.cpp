@@ -70,29 +70,29 @@ TestDriver& TestDriver::Tick(CheckBox& box, bool ticked) {
   });
 }
 
-TestDriver& TestDriver::Type(TextBox& box, String text) {
+TestDriver& TestDriver::Type(TextBox& box, const String& text) {
   return Queue("type into " + Named(box), [&box, text] { return Done(box.UserType(text), box); });
 }
 
-TestDriver& TestDriver::TypeKeys(TextBox& box, String keys) {
+TestDriver& TestDriver::TypeKeys(TextBox& box, const String& keys) {
   return Queue("type keys into " + Named(box), [&box, keys] { return Done(box.UserTypeKeys(keys), box); });
 }
 
-TestDriver& TestDriver::Type(ComboBox& combo, String text) {
+TestDriver& TestDriver::Type(ComboBox& combo, const String& text) {
   return Queue("type into " + Named(combo), [&combo, text]() -> std::string {
     if (!combo.Editable()) return Named(combo) + " is a drop-down list";
     return Done(combo.UserType(text), combo);
   });
 }
 
-TestDriver& TestDriver::TypeKeys(ComboBox& combo, String keys) {
+TestDriver& TestDriver::TypeKeys(ComboBox& combo, const String& keys) {
   return Queue("type keys into " + Named(combo), [&combo, keys]() -> std::string {
     if (!combo.Editable()) return Named(combo) + " is a drop-down list";
     return Done(combo.UserTypeKeys(keys), combo);
   });
 }
 
-TestDriver& TestDriver::Pick(ComboBox& combo, String entryText) {
+TestDriver& TestDriver::Pick(ComboBox& combo, const String& entryText) {
   return Queue("pick \"" + ToUtf8(entryText) + "\" in " + Named(combo), [&combo, entryText]() -> std::string {
     if (!combo.CanFocus()) return WhyUnusable(combo);
     if (combo.UserPick(entryText)) return {};
@@ -121,7 +121,7 @@ std::pair<NodeRef, std::string> NodeOf(const TreeView& tree, const String& key) 
 }
 }  // namespace
 
-TestDriver& TestDriver::SelectNode(TreeView& tree, String key) {
+TestDriver& TestDriver::SelectNode(TreeView& tree, const String& key) {
   return Queue("select node " + ToUtf8(key), [&tree, key]() -> std::string {
     auto [node, missing] = NodeOf(tree, key);
     if (!node) return missing;
@@ -129,7 +129,7 @@ TestDriver& TestDriver::SelectNode(TreeView& tree, String key) {
   });
 }
 
-TestDriver& TestDriver::CollapseNode(TreeView& tree, String key) {
+TestDriver& TestDriver::CollapseNode(TreeView& tree, const String& key) {
   return Queue("collapse node " + ToUtf8(key), [&tree, key]() -> std::string {
     auto [node, missing] = NodeOf(tree, key);
     if (!node) return missing;
@@ -138,7 +138,7 @@ TestDriver& TestDriver::CollapseNode(TreeView& tree, String key) {
   });
 }
 
-TestDriver& TestDriver::ExpandNode(TreeView& tree, String key) {
+TestDriver& TestDriver::ExpandNode(TreeView& tree, const String& key) {
   return Queue("expand node " + ToUtf8(key), [&tree, key]() -> std::string {
     auto [node, missing] = NodeOf(tree, key);
     if (!node) return missing;
@@ -147,7 +147,7 @@ TestDriver& TestDriver::ExpandNode(TreeView& tree, String key) {
   });
 }
 
-TestDriver& TestDriver::DoubleClickNode(TreeView& tree, String key) {
+TestDriver& TestDriver::DoubleClickNode(TreeView& tree, const String& key) {
   return Queue("double-click node " + ToUtf8(key), [&tree, key]() -> std::string {
     NodeRef node;
     if (!key.empty()) {
@@ -159,7 +159,7 @@ TestDriver& TestDriver::DoubleClickNode(TreeView& tree, String key) {
   });
 }
 
-TestDriver& TestDriver::MouseMove(TreeView& tree, float x, float y, String keyUnderMouse, int16_t button,
+TestDriver& TestDriver::MouseMove(TreeView& tree, float x, float y, const String& keyUnderMouse, int16_t button,
                                   int16_t shift) {
   return Queue("move the mouse over " + Named(tree), [&tree, x, y, keyUnderMouse, button, shift]() -> std::string {
     NodeRef node;

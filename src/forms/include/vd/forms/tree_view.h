@@ -58,7 +58,7 @@ class TreeView : public Control {
   bool UserDoubleClickNode(const NodeRef& node);
   // The mouse moves over the point (x, y), where nodeUnderMouse lies (nullptr:
   // none); HitTest at that point answers it while MouseMove runs and after.
-  bool UserMouseMove(int16_t button, int16_t shift, float x, float y, NodeRef nodeUnderMouse);
+  bool UserMouseMove(int16_t button, int16_t shift, float x, float y, const NodeRef& nodeUnderMouse);
   using Control::UserMouseMove;
 
  private:

@@ -38,22 +38,23 @@ class TestDriver : public ModalHost {
   // fails when it already is.
   TestDriver& Tick(CheckBox& box, bool ticked = true);
   // Replaces the whole text (one Change), or types key by key (KeyPress and Change each).
-  TestDriver& Type(TextBox& box, String text);
-  TestDriver& TypeKeys(TextBox& box, String keys);
-  TestDriver& Type(ComboBox& combo, String text);
-  TestDriver& TypeKeys(ComboBox& combo, String keys);
+  TestDriver& Type(TextBox& box, const String& text);
+  TestDriver& TypeKeys(TextBox& box, const String& keys);
+  TestDriver& Type(ComboBox& combo, const String& text);
+  TestDriver& TypeKeys(ComboBox& combo, const String& keys);
   // Opens the list (DropDown) and picks the entry with this text, or at this index.
-  TestDriver& Pick(ComboBox& combo, String entryText);
+  TestDriver& Pick(ComboBox& combo, const String& entryText);
   TestDriver& Pick(ComboBox& combo, int32_t index);
   TestDriver& DropDown(ComboBox& combo);
   // Tree nodes are named by key and looked up when the step runs.
-  TestDriver& SelectNode(TreeView& tree, String key);
-  TestDriver& CollapseNode(TreeView& tree, String key);
-  TestDriver& ExpandNode(TreeView& tree, String key);
+  TestDriver& SelectNode(TreeView& tree, const String& key);
+  TestDriver& CollapseNode(TreeView& tree, const String& key);
+  TestDriver& ExpandNode(TreeView& tree, const String& key);
   // key "" double-clicks the tree where there is no node.
-  TestDriver& DoubleClickNode(TreeView& tree, String key);
+  TestDriver& DoubleClickNode(TreeView& tree, const String& key);
   // The mouse moves to (x, y) over the node with this key ("" for none).
-  TestDriver& MouseMove(TreeView& tree, float x, float y, String keyUnderMouse, int16_t button = 0, int16_t shift = 0);
+  TestDriver& MouseMove(TreeView& tree, float x, float y, const String& keyUnderMouse, int16_t button = 0,
+                        int16_t shift = 0);
   TestDriver& KeyPress(Control& control, int16_t keyAscii);
   TestDriver& KeyDown(Form& form, int16_t keyCode, int16_t shift = 0);
   TestDriver& Focus(Control& control);
