@@ -156,6 +156,7 @@ TEST_F(DsKinds, TheHomeComesFromTheRegistryAsStoredOrIsDriveC) {
     EXPECT_EQ(files.Reads(), std::vector<String>{c.path}) << c.label;
     EXPECT_EQ(dlg.cboDsAdd.List(0), u"Found") << c.label;
   }
+  EXPECT_EQ(platform::DvReg::InstalledRegistry(), nullptr);  // a dialog takes its registry away with it
 }
 
 TEST_F(DsKinds, EachDialogReadsThroughItsOwnRegistryAndLeavesNoneBehind) {
