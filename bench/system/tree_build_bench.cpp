@@ -12,6 +12,8 @@
 
 #include "browser/frm_data_browser.h"
 #include "platform/services.h"
+#include "platform/testing/fake_registry.h"
+#include "platform/testing/memory_file_service.h"
 #include "vd/sample/large_display.h"
 
 namespace {
@@ -50,7 +52,9 @@ int64_t NodeCount() {
 
 void BM_InitDBForEditLargeDisplay(benchmark::State& state) {
   SilentUi ui;
-  vd::platform::Services services{ui};
+  vd::platform::testing::FakeRegistry registry;  // no toolkit home: no kinds file either
+  vd::platform::testing::MemoryFileService files;
+  vd::platform::Services services{ui, registry, files};
   vd::browser::frmDataBrowser dlg(services);
   const vd::toolkit::DisplayRef display = LargeDisplay().display;
   for (auto _ : state) {

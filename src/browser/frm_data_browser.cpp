@@ -1,19 +1,25 @@
 // Creation of the dialog: its designed look and the wiring of its handlers.
 #include "browser/frm_data_browser.h"
 
+#include "platform/dv_reg.h"
 #include "platform/services.h"
 
 namespace vd::browser {
 
 frmDataBrowser::frmDataBrowser(platform::Services& platformServices)
     : Form(u"frmDataBrowser"), services(platformServices) {
+  // The toolkit home is looked up through this platform's registry.
+  platform::DvReg::UseRegistry(&services.registry);
   DesignControls();
   WireEvents();
   // A form is initialised when it is created; it loads on first use.
   Initialize();
 }
 
-frmDataBrowser::~frmDataBrowser() = default;
+frmDataBrowser::~frmDataBrowser() {
+  // Leave no reference to a registry that may go with this dialog.
+  if (platform::DvReg::InstalledRegistry() == &services.registry) platform::DvReg::UseRegistry(nullptr);
+}
 
 void frmDataBrowser::WireEvents() {
   onInitialize = [this] { Form_Initialize(); };
@@ -31,6 +37,9 @@ void frmDataBrowser::WireEvents() {
     treDataSources_MouseMove(button, shift, x, y);
   };
   treDataSources.onKeyPress = [this](int16_t& keyAscii) { treDataSources_KeyPress(keyAscii); };
+
+  WireDsPanelEvents();
+  WireDsvPanelEvents();
 }
 
 }  // namespace vd::browser

@@ -207,22 +207,56 @@ class frmDataBrowser : public forms::Form {
   void treDataSources_KeyPress(int16_t& keyAscii);
   void UpdateButtonToolTips();
 
-  // --- Data source panel (editing/ds_panel.cpp) ---
+  // --- Kinds of data sources that can be added (editing/ds_kinds.cpp) ---
   void LoadDsKinds();
+  void AddDsKind(const String& name, const String& className);
   void AddDefaultDsKinds();
+
+  // --- Data source panel (editing/ds_panel.cpp, editing/ds_panel_events.cpp) ---
   void HideEditPanels();
   void FillDsPanel();
   void EnableDsvButtons(bool enabled);
   void EnableDsButtons(bool enabled);
+  void WireDsPanelEvents();
+  void optASCII_Click();
+  void optBinary_Click();
+  void txtDsName_Change();
+  void cmdBrowse_Click();
+  void cmdDSCustom_Click();
 
-  // --- Data variable panel (editing/dsv_panel.cpp) ---
+  // --- Data variable panel (editing/dsv_panel.cpp, editing/dsv_panel_events.cpp) ---
   // The variable of a variable node (nullptr and index -1 for a data source node).
   toolkit::DsvRef NodeDsv(const forms::NodeRef& node, int16_t* index = nullptr);
   toolkit::DsvRef SelectedNodeDsv(int16_t* index = nullptr);
   void FillDsvPanel();
+  void FillDsvTypeList(const toolkit::DsvRef& dsv);
+  void FillDsvShape(const toolkit::DsvRef& dsv);
+  int32_t GetDsvSignalType(const toolkit::DsvRef& dsv);
+  void CheckDimensionEntry(const toolkit::DsvRef& dsv, bool isRows);
+  // A message the user can mend: exclamation icon, OK, the dialog's caption as title.
+  void ShowEntryMessage(const String& text);
+  void WireDsvPanelEvents();
+  void cboDsvType_Click();
+  void optDsvPrivate_Click();
+  void optDsvPublic_Click();
+  void optDsvScalar_Click();
+  void optDsvVector_Click();
+  void optDsvMatrix_Click();
+  void txtDsvCols_Change();
+  void txtDsvRows_Change();
+  void txtDsvName_Change();
+  void txtDsvValue_GotFocus();
+  void txtDsvValue_LostFocus();
+  void txtDsvValue_Change();
+  void cmdDSVcustom_Click();
 
-  // --- SCADA data sources (scada/scada_data_source.cpp) ---
+  // --- SCADA data sources and variables (scada/) ---
   bool IsTelvaneDataSource(const toolkit::DsRef& ds);
+  // The SCADA settings frame of a data source, and the mapping frame of a variable.
+  void FillTelvaneDsPanel(const toolkit::DsRef& ds);
+  void FillTelvaneDsvPanel(const toolkit::DsvRef& dsv);
+  // The signal type field of a variable's mapping code.
+  static int32_t DecodeSignalType(int32_t code);
 
   // --- State ---
   platform::Services& services;
@@ -258,6 +292,12 @@ class frmDataBrowser : public forms::Form {
 
   // Display name of each custom data source kind -> its toolkit class; created on first use.
   std::optional<automation::Collection<String>> CustomDsClasses;
+  // What the kinds file calls the built-in kinds; only the kinds file sets them.
+  String FileDsTypeName;
+  String MemoryDsTypeName;
+  String ConstantDsTypeName;
+  // The variable's value when its value box got the focus.
+  double SavedDsvValue = 0;
 };
 
 }  // namespace vd::browser

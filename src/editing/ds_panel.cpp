@@ -1,31 +1,9 @@
-// The data source side of the edit panels: the kinds that can be added, the
-// data source frame, and the enabling of the tree's command buttons.
+// The data source frame: what it shows of the selected data source, and the
+// enabling of the tree's command buttons.
 #include "browser/frm_data_browser.h"
+#include "browser/object_access.h"
 
 namespace vd::browser {
-
-void frmDataBrowser::LoadDsKinds() {
-  cboDsAdd.Clear();
-  if (!CustomDsClasses) CustomDsClasses.emplace();
-  CustomDsClasses->Clear();
-  // The kinds file below the toolkit home is read here once the platform
-  // offers the registry; without it the built-in kinds are offered.
-  if (cboDsAdd.ListCount() == 0) AddDefaultDsKinds();
-  cboDsAdd.SetListIndex(0);
-}
-
-void frmDataBrowser::AddDefaultDsKinds() {
-  struct Kind {
-    const char16_t* name;
-    int32_t code;
-  };
-  static constexpr Kind kBuiltIn[] = {
-      {u"File", toolkit::kind::kFile}, {u"Memory", toolkit::kind::kMemory}, {u"Constant", toolkit::kind::kConstant}};
-  for (const Kind& kind : kBuiltIn) {
-    cboDsAdd.AddItem(kind.name);
-    cboDsAdd.SetItemData(cboDsAdd.NewIndex(), kind.code);
-  }
-}
 
 void frmDataBrowser::HideEditPanels() {
   fraDs.SetVisible(false);
@@ -39,6 +17,10 @@ void frmDataBrowser::FillDsPanel() {
   HideEditPanels();
   // A data source cannot be chosen where a variable is wanted.
   if (mode == dialog_mode::kSelectPanelOpen || mode == dialog_mode::kSelect) dbOK.SetEnabled(false);
+  cmdDSCustom.SetVisible(false);
+  cmdBrowse.SetVisible(false);
+  fraFormat.SetVisible(false);
+
   const forms::NodeRef node = treDataSources.SelectedItem();
   if (!node) {
     EnableDsvButtons(false);
@@ -47,6 +29,49 @@ void frmDataBrowser::FillDsPanel() {
   }
   EnableDsvButtons(true);
   fraDs.SetVisible(true);
+  const toolkit::DsRef ds = Obj(dsList).DsItem(node->Index());
+  txtDsName.SetText(node->Text());
+
+  const int32_t kind = Obj(ds).GetDsType();
+  lblDsName.SetCaption(kind == toolkit::kind::kFile ? u"File:" : u"&Name:");
+  switch (kind) {
+    case toolkit::kind::kFile:
+      cmdBrowse.SetVisible(true);
+      fraFormat.SetVisible(true);
+      if (ds->GetDsAscii()) {
+        optASCII.SetValue(true);
+      } else {
+        optBinary.SetValue(true);
+      }
+      txtDsType.SetText(FileDsTypeName);
+      break;
+    case toolkit::kind::kConstant:
+      txtDsType.SetText(ConstantDsTypeName);
+      break;
+    case toolkit::kind::kMemory:
+      txtDsType.SetText(MemoryDsTypeName);
+      break;
+    case toolkit::kind::kCustom:
+      cmdDSCustom.SetVisible(true);
+      txtDsType.SetText(u"Custom");
+      break;
+    default:
+      break;  // an unknown kind leaves the kind text as it was
+  }
+  txtSize.SetText(automation::ToDecimal(Obj(ds->GetDsVars()).DsvCount()));
+
+  chkSort.SetEnabled(false);
+  const int16_t dsIndex = GetCurrentDsIndex();
+  if (dsIndex >= 0) chkSort.SetValue(DsSortFlags.Item(dsIndex) ? forms::vbChecked : forms::vbUnchecked);
+  cmdMoveUp.SetEnabled(true);
+  cmdMoveDown.SetEnabled(true);
+
+  if (IsTelvaneDataSource(ds)) {
+    fraTelvaneDsSettings.SetVisible(true);
+    cmdDSCustom.SetVisible(false);
+    txtDsType.SetText(u"Telvane");
+    FillTelvaneDsPanel(ds);
+  }
   PanelFilling = false;
 }
 

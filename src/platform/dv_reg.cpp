@@ -94,6 +94,8 @@ String GetDvHome() {
 
 void UseRegistry(Registry* registry) { gRegistry = registry; }
 
+Registry* InstalledRegistry() { return gRegistry; }
+
 void ResetDvHomeForTesting() { gCachedHome.clear(); }
 
 }  // namespace vd::platform::DvReg

@@ -29,6 +29,9 @@ String GetDvHome();
 // outlive its use. Does not clear the remembered home.
 void UseRegistry(Registry* registry);
 
+// The registry GetDvHome reads now; nullptr when none is installed.
+Registry* InstalledRegistry();
+
 // Forgets the remembered home. For tests only: the system itself never clears it.
 void ResetDvHomeForTesting();
 

@@ -5,7 +5,7 @@
 #include <optional>
 #include <string>
 
-#include "fake_registry.h"
+#include "platform/testing/fake_registry.h"
 
 #include "param_label.h"
 

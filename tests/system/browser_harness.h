@@ -12,6 +12,8 @@
 #include "data_browser_inspector.h"
 #include "host/var_desk_ui.h"
 #include "platform/services.h"
+#include "platform/testing/fake_registry.h"
+#include "platform/testing/memory_file_service.h"
 #include "vd/automation/error.h"
 #include "vd/forms/testing/scripted_ui_services.h"
 #include "vd/forms/testing/test_driver.h"
@@ -52,7 +54,9 @@ inline int32_t ErrorOf(const std::function<void()>& action) {
 
 struct BrowserHarness {
   forms::testing::ScriptedUiServices ui;
-  platform::Services services{ui};
+  platform::testing::FakeRegistry registry;
+  platform::testing::MemoryFileService files;
+  platform::Services services{ui, registry, files};
   forms::testing::TestDriver user;
   host::VarDeskUI desk{services};
   browser::frmDataBrowser& dlg = *desk.DataBrowser();

@@ -1,6 +1,7 @@
 #pragma once
 // A look inside the data browser for tests: its state, and the routines that
 // no control reaches (mode 4, which nothing in the component enters).
+#include <array>
 #include <optional>
 
 #include "browser/frm_data_browser.h"
@@ -14,6 +15,7 @@ struct DataBrowserInspector {
   [[nodiscard]] int32_t PreviousMode() const { return form.previousMode; }
   void SetDialogMode(int32_t mode) const { form.SetDialogMode(mode); }
   void SetModified() const { form.modified = true; }
+  void ClearModified() const { form.modified = false; }
   [[nodiscard]] bool WritableOnly() const { return form.writableOnly; }
   void SetFilter(int32_t type, int32_t rows, int32_t cols, bool writableOnly) const {
     form.filterType = type;
@@ -31,6 +33,15 @@ struct DataBrowserInspector {
   [[nodiscard]] bool PanelFilling() const { return form.PanelFilling; }
   [[nodiscard]] bool HasCustomDsClasses() const { return form.CustomDsClasses.has_value(); }
   [[nodiscard]] bool IsTelvaneDataSource(const toolkit::DsRef& ds) const { return form.IsTelvaneDataSource(ds); }
+  [[nodiscard]] const std::optional<automation::Collection<String>>& CustomDsClasses() const {
+    return form.CustomDsClasses;
+  }
+  // What the kinds file named the file, memory and constant kinds.
+  [[nodiscard]] std::array<String, 3> BuiltInKindNames() const {
+    return {form.FileDsTypeName, form.MemoryDsTypeName, form.ConstantDsTypeName};
+  }
+  void FillDsPanel() const { form.FillDsPanel(); }
+  [[nodiscard]] int32_t GetDsvSignalType(const toolkit::DsvRef& dsv) const { return form.GetDsvSignalType(dsv); }
   [[nodiscard]] float CollapsedWidth() const { return form.collapsedWidth; }
   [[nodiscard]] float ExpandedWidth() const { return form.expandedWidth; }
   [[nodiscard]] float CloseLeftWithButtons() const { return form.closeLeftWithButtons; }

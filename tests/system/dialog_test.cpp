@@ -126,7 +126,9 @@ TEST(DesignedLayout, FramesHoldTheirControlsAndTheWidthsShowWhatTheyShould) {
 
 TEST(DataBrowserLifecycle, LoadShowsTheDataSourceFrameUnloadReleasesTheRun) {
   forms::testing::ScriptedUiServices ui;
-  platform::Services services{ui};
+  platform::testing::FakeRegistry registry;
+  platform::testing::MemoryFileService files;
+  platform::Services services{ui, registry, files};
   browser::frmDataBrowser dlg(services);
   const browser::DataBrowserInspector inside{dlg};
   std::weak_ptr<sample::MemoryDisplay> weak;

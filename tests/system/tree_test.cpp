@@ -116,7 +116,9 @@ TEST(TreeRebuild, OneDataSourceFollowsItsVariablesAndLeavesTheOthersAlone) {
   EXPECT_EQ(h.dlg.GetSelectedDsv(), vars->Item(2));
 
   h.inside.SetDialogMode(kSelect);
-  h.inside.RebuildDsvNodes(2, 1);  // no variables: the data source panel
+  h.Node(u"_Plant3")->SetSelected(true);
+  h.inside.RebuildDsvNodes(2, 1);  // no variables: the panel of the selected data source
+  EXPECT_EQ(h.dlg.txtDsName.Text(), u"Plant");
   EXPECT_TRUE(h.dlg.fraDs.Visible());
   EXPECT_FALSE(h.dlg.dbOK.Enabled());
 }
