@@ -23,6 +23,7 @@ struct Plan {
   ActOutcome outcome = ActOutcome::kDone;
   int looksUntilSettled = 0;  // -1: never
   std::string seen = "nothing yet";
+  bool hopeless = false;  // a settle that fails says at once that it will not come
 };
 
 class FakeDesktop final : public Desktop {
@@ -40,7 +41,7 @@ class FakeDesktop final : public Desktop {
   Look Settled(const Step& step) override {
     const Plan& plan = plans[step.line];
     const int look = settledLooks[step.line]++;
-    return {plan.looksUntilSettled >= 0 && look >= plan.looksUntilSettled, "still busy"};
+    return {plan.looksUntilSettled >= 0 && look >= plan.looksUntilSettled, "still busy", plan.hopeless};
   }
   void Rescue() override { log.push_back("rescue"); }
 
@@ -141,6 +142,15 @@ TEST_F(StepRunnerTest, AnEffectThatNeverComesStopsTheScript) {
   EXPECT_EQ(summary.failed, 1);
   EXPECT_EQ(summary.notRun, 1);
   EXPECT_EQ(printed[0], "robot: line 1: click node 1:1: FAILED (seen: still busy, after 50 ms)");
+}
+
+TEST_F(StepRunnerTest, AnEffectThatCannotComeEndsTheWaitAtOnce) {
+  desktop.plans[1] = {0, ActOutcome::kDone, -1, "nothing yet", true};
+  const RunSummary summary = Run("type txtDsvCols \"5\"\nclick dbOK", 1000);
+  EXPECT_EQ(desktop.settledLooks[1], 1);
+  EXPECT_EQ(clock.now, 0u);
+  EXPECT_EQ(summary.notRun, 1);
+  EXPECT_EQ(printed[0], "robot: line 1: type txtDsvCols \"5\": FAILED (seen: still busy)");
 }
 
 TEST_F(StepRunnerTest, AnActionThatMetSomethingElseIsCountedButTheScriptGoesOn) {

@@ -12,7 +12,7 @@ Look StepRunner::Await(const std::function<Look()>& look) {
   const uint64_t deadline = clock_.Milliseconds() + timeoutMs_;
   for (;;) {
     Look seen = look();
-    if (seen.holds) return seen;
+    if (seen.holds || seen.final) return seen;
     if (clock_.Milliseconds() >= deadline) {
       seen.seen += (seen.seen.empty() ? "" : ", ") + std::string("after ") + std::to_string(timeoutMs_) + " ms";
       return seen;

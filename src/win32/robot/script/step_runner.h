@@ -23,6 +23,7 @@ namespace vd::robot {
 struct Look {
   bool holds = false;
   std::string seen;
+  bool final = false;  // it does not hold and will not: waiting longer is no use
 };
 
 enum class ActOutcome {
