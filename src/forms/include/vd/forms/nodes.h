@@ -1,0 +1,73 @@
+#pragma once
+// The Nodes collection of a tree view. Index is the 1-based collection order:
+// a new node always comes last, removing nodes renumbers the ones after them.
+// Keys are unique ignoring case (a duplicate raises 35602) and optional (an
+// empty key is none).
+//
+// Adding, finding by key or by index, and removing the last node are constant
+// time (amortised). Removing from the middle leaves a gap that the next use of
+// an index behind it closes, so a run of removals from the middle costs one
+// shift of the slots behind the first of them.
+#include <cstdint>
+#include <vector>
+
+#include "vd/forms/constants.h"
+#include "vd/forms/detail/node_key_index.h"
+#include "vd/forms/node.h"
+
+namespace vd::forms {
+
+class Nodes {
+ public:
+  explicit Nodes(TreeView& tree);
+  Nodes(const Nodes&) = delete;
+  Nodes& operator=(const Nodes&) = delete;
+  ~Nodes();
+
+  [[nodiscard]] int32_t Count() const { return live_; }
+
+  // Adds a node and answers it. relative names an existing node by key (String)
+  // or index (a number), or is Empty for a top-level node; relationship places
+  // the new node as that node's child (tvwChild), first or last sibling, or
+  // next to it. Under a sorted parent the node goes to its place by text.
+  // Errors: 35601 unknown relative key, 35600 relative index out of range,
+  // 35602 duplicate key, 5 unknown relationship, 35613 / 35600 an image without
+  // an image list or outside it.
+  NodeRef Add(const Variant& relative = Variant(), int32_t relationship = tvwLast, StringView key = {},
+              StringView text = {}, int32_t image = 0, int32_t selectedImage = 0);
+
+  // Error 35600 outside 1..Count.
+  [[nodiscard]] NodeRef Item(int32_t index) const;
+  // Error 35601 when no node has the key.
+  [[nodiscard]] NodeRef Item(StringView key) const;
+  // nullptr when no node has the key.
+  [[nodiscard]] NodeRef Find(StringView key) const;
+
+  // Removes the node and its subtree. When the selected node goes with them the
+  // selection moves to the removed node's next sibling, else its previous
+  // sibling, else its parent, else to nothing (no NodeClick).
+  void Remove(int32_t index);
+  void Remove(StringView key);
+  void Remove(const NodeRef& node);
+  void Clear();
+
+ private:
+  friend class Node;
+  friend class TreeView;
+
+  [[nodiscard]] Node* Resolve(const Variant& relative) const;
+  [[nodiscard]] Node* At(int32_t index) const;
+  void RemoveNode(Node* node);
+  // Closes the gaps before slot so that slot holds its node's index - 1.
+  void CompactThrough(size_t slot) const;
+
+  TreeView* tree_;
+  NodeRef root_;  // parent of the top-level nodes; never in the collection
+  mutable std::vector<NodeRef> slots_;
+  mutable size_t compactPrefix_ = 0;  // slots_[0, compactPrefix_) hold no gaps
+  int32_t live_ = 0;
+  detail::NodeKeyIndex keys_;
+  std::vector<NodeRef> doomed_;  // a removed subtree, kept alive while it is taken apart
+};
+
+}  // namespace vd::forms

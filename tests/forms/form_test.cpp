@@ -1,0 +1,203 @@
+#include <gtest/gtest.h>
+
+#include "event_log_form.h"
+#include "vd/automation/error.h"
+#include "vd/forms/testing/test_driver.h"
+
+namespace vd::forms::test {
+namespace {
+
+using Logs = std::vector<std::string>;
+using testing::TestDriver;
+
+class LifeCycleForm : public EventLogForm {
+ public:
+  LifeCycleForm() {
+    onInitialize = [this] { log.push_back("Initialize"); };
+    onLoad = [this] { log.push_back("Load"); };
+    onUnload = [this](bool& cancel) {
+      log.push_back("Unload");
+      cancel = cancelUnload;
+    };
+    cmdOK.onClick = [this] { Hide(); };
+  }
+  bool cancelUnload = false;
+};
+
+TEST(FormLifeCycle, InitializeOnceLoadOnEachLoading) {
+  const struct {
+    const char* name;
+    std::function<void(LifeCycleForm&)> run;
+    Logs events;
+    bool loaded;
+  } cases[] = {
+      {"Load", [](LifeCycleForm& f) { f.Load(); }, {"Initialize", "Load"}, true},
+      {"LoadTwice",
+       [](LifeCycleForm& f) {
+         f.Load();
+         f.Load();
+       },
+       {"Initialize", "Load"},
+       true},
+      {"ShowLoads", [](LifeCycleForm& f) { f.Show(); }, {"Initialize", "Load"}, true},
+      {"UnloadThenLoad",
+       [](LifeCycleForm& f) {
+         f.Load();
+         f.Unload();
+         f.Load();
+       },
+       {"Initialize", "Load", "Unload", "Load"},
+       true},
+      {"UnloadCancelled",
+       [](LifeCycleForm& f) {
+         f.cancelUnload = true;
+         f.Show();
+         f.Unload();
+       },
+       {"Initialize", "Load", "Unload"},
+       true},
+      {"UnloadOfUnloadedForm", [](LifeCycleForm& f) { f.Unload(); }, {}, false},
+      {"InitializeAlone", [](LifeCycleForm& f) { f.Initialize(); }, {"Initialize"}, false},
+  };
+  for (const auto& c : cases) {
+    LifeCycleForm form;
+    c.run(form);
+    EXPECT_EQ(form.log, c.events) << c.name;
+    EXPECT_EQ(form.Loaded(), c.loaded) << c.name;
+  }
+}
+
+TEST(FormLifeCycle, UnloadHidesAndDropsTheFocus) {
+  LifeCycleForm form;
+  form.Show();
+  form.txtName.SetFocus();
+  form.Unload();
+  EXPECT_FALSE(form.Visible());
+  EXPECT_EQ(form.ActiveControl(), nullptr);
+  EXPECT_EQ(form.txtName.Text(), u"");
+}
+
+TEST(ModalShow, ReturnsWhenAHandlerHidesTheForm) {
+  LifeCycleForm form;
+  TestDriver user;
+  user.Check([&] {
+        EXPECT_TRUE(form.Visible());
+        EXPECT_TRUE(form.ShownModally());
+      })
+      .Click(form.cmdOK);
+  form.Show(true);
+  EXPECT_FALSE(form.Visible());
+  EXPECT_FALSE(form.ShownModally());
+  EXPECT_EQ(user.Remaining(), 0u);
+}
+
+TEST(ModalShow, EndsWhenTheFormIsUnloaded) {
+  LifeCycleForm form;
+  TestDriver user;
+  user.Close(form);
+  form.Show(true);
+  EXPECT_FALSE(form.Loaded());
+  EXPECT_EQ(form.log, (Logs{"Initialize", "Load", "Unload"}));
+}
+
+TEST(ModalShow, IsRefusedForAShownFormAndWithoutAHost) {
+  LifeCycleForm form;
+  try {
+    form.Show(true);
+    ADD_FAILURE() << "shown modally without a host";
+  } catch (const vd::automation::AutomationError& e) {
+    EXPECT_EQ(e.Number(), vd::automation::err::kInvalidProcedureCall);
+  }
+  EXPECT_FALSE(form.Visible());
+  TestDriver user;
+  form.Show();
+  try {
+    form.Show(true);
+    ADD_FAILURE() << "a shown form was shown modally";
+  } catch (const vd::automation::AutomationError& e) {
+    EXPECT_EQ(e.Number(), err::kFormAlreadyShownModally);
+  }
+}
+
+TEST(ModalShow, ADialogShownFromAHandlerTakesTheNextSteps) {
+  LifeCycleForm outer;
+  LifeCycleForm inner;
+  outer.cmdOK.onClick = [&] {
+    inner.Show(true, &outer);
+    outer.log.push_back("inner returned, text " + vd::automation::ToUtf8(inner.txtName.Text()));
+  };
+  inner.cmdOK.onClick = [&] { inner.Hide(); };
+  TestDriver user;
+  user.Click(outer.cmdOK)
+      .Type(inner.txtName, u"Level")
+      .Check([&] { EXPECT_EQ(inner.Owner(), &outer); })
+      .Click(inner.cmdOK)
+      .Close(outer);
+  outer.Show(true);
+  EXPECT_FALSE(outer.Visible());
+  EXPECT_EQ(inner.Owner(), nullptr);
+  EXPECT_NE(std::find(outer.log.begin(), outer.log.end(), "inner returned, text Level"), outer.log.end());
+}
+
+TEST(KeyPreview, KeyDownReachesTheFormFirstWhicheverControlHasTheFocus) {
+  const struct {
+    const char* name;
+    bool preview;
+    bool formSwallows;
+    Control* (*focus)(EventLogForm&);
+    Logs events;
+  } cases[] = {
+      {"PreviewOn",
+       true,
+       false,
+       [](EventLogForm& f) -> Control* { return &f.txtName; },
+       {"form.KeyDown 114/1", "txtName.KeyDown 114/1"}},
+      {"PreviewOnTree",
+       true,
+       false,
+       [](EventLogForm& f) -> Control* { return &f.treItems; },
+       {"form.KeyDown 114/1", "treItems.KeyDown 114/1"}},
+      {"PreviewSwallows", true, true, [](EventLogForm& f) -> Control* { return &f.txtName; }, {"form.KeyDown 114/1"}},
+      {"PreviewOff", false, false, [](EventLogForm& f) -> Control* { return &f.txtName; }, {"txtName.KeyDown 114/1"}},
+      {"NoFocus", true, false, [](EventLogForm&) -> Control* { return nullptr; }, {"form.KeyDown 114/1"}},
+  };
+  for (const auto& c : cases) {
+    EventLogForm form;
+    form.SetKeyPreview(c.preview);
+    if (Control* target = c.focus(form)) target->SetFocus();
+    if (c.formSwallows) {
+      form.onKeyDown = [&form](int16_t& code, int16_t shift) {
+        form.log.push_back("form.KeyDown " + std::to_string(code) + "/" + std::to_string(shift));
+        code = 0;
+      };
+    }
+    form.log.clear();
+    ASSERT_TRUE(form.UserKeyDown(vbKeyF3, vbShiftMask)) << c.name;
+    EXPECT_EQ(form.log, c.events) << c.name;
+  }
+}
+
+TEST(KeyPreview, TypedCharactersReachTheFormFirstToo) {
+  EventLogForm form;
+  form.SetKeyPreview(true);
+  form.onKeyPress = [&](int16_t& ascii) {
+    if (ascii == 'x') ascii = 0;
+  };
+  ASSERT_TRUE(form.txtName.UserTypeKeys(u"axb"));
+  EXPECT_EQ(form.txtName.Text(), u"ab");
+}
+
+TEST(FormProperties, AreStoredAndControlsAreFoundByName) {
+  EventLogForm form;
+  form.SetCaption(u"Data Selection");
+  form.SetWidth(9000);
+  form.SetMousePointer(vbHourglass);
+  EXPECT_EQ(form.Caption(), u"Data Selection");
+  EXPECT_EQ(form.Width(), 9000);
+  EXPECT_EQ(form.MousePointer(), vbHourglass);
+  EXPECT_EQ(form.FindControl(u"TXTNAME"), &form.txtName);
+  EXPECT_EQ(form.FindControl(u"none"), nullptr);
+}
+
+}  // namespace
+}  // namespace vd::forms::test
