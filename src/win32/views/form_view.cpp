@@ -16,13 +16,17 @@ using vd::forms::ControlKind;
 
 namespace {
 
-constexpr wchar_t kRecordProperty[] = L"VarDeskGUI.View";
 // A drop-down combo's window is as high as its open list.
 constexpr int kDroppedListHeight = 160;
 // Room around the controls when the form has no designed size.
 constexpr int kFitMargin = 8;
 
-ControlWindow* RecordOf(HWND window) { return static_cast<ControlWindow*>(GetPropW(window, kRecordProperty)); }
+// The record of a subclassed control window, in the window's user data: read
+// on every message the window gets, so it must not cost a trip to the
+// window server as a window property can.
+ControlWindow* RecordOf(HWND window) {
+  return reinterpret_cast<ControlWindow*>(GetWindowLongPtrW(window, GWLP_USERDATA));
+}
 
 }  // namespace
 
@@ -47,7 +51,7 @@ struct WindowProcedures {
     if (record == nullptr) return DefWindowProcW(window, message, wParam, lParam);
     const WNDPROC original = window == record->edit ? record->editProc : record->windowProc;
     if (message == WM_NCDESTROY) {
-      RemovePropW(window, kRecordProperty);
+      SetWindowLongPtrW(window, GWLP_USERDATA, 0);
       return CallWindowProcW(original, window, message, wParam, lParam);
     }
     try {
@@ -143,7 +147,7 @@ void FormView::CreateControlWindows() {
       }
       if (control.Kind() == ControlKind::kTreeView)
         record->tree = std::make_unique<TreeMirror>(static_cast<vd::forms::TreeView&>(control), record->window,
-                                                    static_cast<MirrorHost&>(*this), twips_);
+                                                    record->windowProc, static_cast<MirrorHost&>(*this), twips_);
       previous = &control;
     }
     byControl_[&control] = record.get();
@@ -152,7 +156,7 @@ void FormView::CreateControlWindows() {
 }
 
 void FormView::Subclass(ControlWindow& record, HWND window, WNDPROC& original) {
-  SetPropW(window, kRecordProperty, &record);
+  SetWindowLongPtrW(window, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(&record));
   original = reinterpret_cast<WNDPROC>(
       SetWindowLongPtrW(window, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(WindowProcedures::ControlProc)));
 }

@@ -27,32 +27,43 @@ int CALLBACK TreeMirror::CompareOrder(LPARAM first, LPARAM second, LPARAM /*unus
   return reinterpret_cast<const Item*>(first)->order - reinterpret_cast<const Item*>(second)->order;
 }
 
-TreeMirror::TreeMirror(vd::forms::TreeView& tree, HWND window, MirrorHost& host, const Twips& twips)
-    : tree_(tree), window_(window), host_(host), twips_(twips) {
+TreeMirror::TreeMirror(vd::forms::TreeView& tree, HWND window, WNDPROC windowProc, MirrorHost& host, const Twips& twips)
+    : tree_(tree), window_(window), windowProc_(windowProc), host_(host), twips_(twips) {
   // HitTest asks the window, so that the form sees the node the user sees.
   tree_.hitTester = [this](float x, float y) { return NodeAt({twips_.ToPixels(x), twips_.ToPixels(y)}); };
 }
 
 TreeMirror::~TreeMirror() { tree_.hitTester = nullptr; }
 
-TreeMirror::Item* TreeMirror::Find(const Node* node) {
-  const auto found = byNode_.find(node);
-  return found != byNode_.end() ? &found->second : nullptr;
+LRESULT TreeMirror::Send(UINT message, WPARAM wParam, LPARAM lParam) const {
+  return windowProc_ != nullptr ? CallWindowProcW(windowProc_, window_, message, wParam, lParam)
+                                : SendMessageW(window_, message, wParam, lParam);
 }
 
-TreeMirror::Item* TreeMirror::Find(HTREEITEM handle) {
-  const auto found = byHandle_.find(handle);
-  return found != byHandle_.end() ? found->second : nullptr;
+TreeMirror::Item& TreeMirror::NewItem() {
+  if (freeItems_.empty()) return items_.emplace_back();
+  Item& item = *freeItems_.back();
+  freeItems_.pop_back();
+  item = Item{};
+  return item;
+}
+
+void TreeMirror::Forget(Item& item) {
+  byHandle_.Erase(item.handle);
+  byNode_.Erase(item.node);
+  if (item.node == pendingVisible_) pendingVisible_ = nullptr;
+  item = Item{};
+  freeItems_.push_back(&item);
 }
 
 HTREEITEM TreeMirror::ItemOf(const Node& node) const {
-  const auto found = byNode_.find(&node);
-  return found != byNode_.end() ? found->second.handle : nullptr;
+  const Item* item = Find(&node);
+  return item != nullptr ? item->handle : nullptr;
 }
 
-NodeRef TreeMirror::NodeOf(HTREEITEM item) const {
-  const auto found = byHandle_.find(item);
-  return found != byHandle_.end() ? found->second->node->shared_from_this() : nullptr;
+NodeRef TreeMirror::NodeOf(HTREEITEM handle) const {
+  const Item* item = handle != nullptr ? Find(handle) : nullptr;
+  return item != nullptr ? item->node->shared_from_this() : nullptr;
 }
 
 NodeRef TreeMirror::FirstTopLevel() const {
@@ -65,17 +76,17 @@ NodeRef TreeMirror::FirstTopLevel() const {
 void TreeMirror::BeginBatch() {
   if (batching_) return;
   batching_ = true;
-  SendMessageW(window_, WM_SETREDRAW, FALSE, 0);
+  Send(WM_SETREDRAW, FALSE, 0);
   host_.RequestFlush();
 }
 
 void TreeMirror::Flush() {
   if (!batching_) return;
   batching_ = false;
-  SendMessageW(window_, WM_SETREDRAW, TRUE, 0);
+  Send(WM_SETREDRAW, TRUE, 0);
   // The window lays its items out again only now: scroll to the node asked for meanwhile.
   if (const Item* item = pendingVisible_ != nullptr ? Find(pendingVisible_) : nullptr)
-    SendMessageW(window_, TVM_ENSUREVISIBLE, 0, reinterpret_cast<LPARAM>(item->handle));
+    Send(TVM_ENSUREVISIBLE, 0, item->handle);
   pendingVisible_ = nullptr;
   InvalidateRect(window_, nullptr, TRUE);
 }
@@ -85,16 +96,13 @@ void TreeMirror::EnsureVisible(const Node* node) {
     pendingVisible_ = node;
     return;
   }
-  if (const Item* item = Find(node))
-    SendMessageW(window_, TVM_ENSUREVISIBLE, 0, reinterpret_cast<LPARAM>(item->handle));
+  if (const Item* item = Find(node)) Send(TVM_ENSUREVISIBLE, 0, item->handle);
 }
 
-void TreeMirror::SetImages(HIMAGELIST images) {
-  SendMessageW(window_, TVM_SETIMAGELIST, TVSIL_NORMAL, reinterpret_cast<LPARAM>(images));
-}
+void TreeMirror::SetImages(HIMAGELIST images) { Send(TVM_SETIMAGELIST, TVSIL_NORMAL, images); }
 
 TreeMirror::Item& TreeMirror::Insert(Node& node, HTREEITEM parent, HTREEITEM after) {
-  Item& item = byNode_[&node];
+  Item& item = NewItem();
   item.node = &node;
   TVINSERTSTRUCTW insert{};
   insert.hParent = parent;
@@ -104,17 +112,17 @@ TreeMirror::Item& TreeMirror::Insert(Node& node, HTREEITEM parent, HTREEITEM aft
   insert.item.iImage = ShownImage(node);
   insert.item.iSelectedImage = ShownSelectedImage(node);
   insert.item.lParam = reinterpret_cast<LPARAM>(&item);
-  item.handle =
-      reinterpret_cast<HTREEITEM>(SendMessageW(window_, TVM_INSERTITEMW, 0, reinterpret_cast<LPARAM>(&insert)));
-  byHandle_[item.handle] = &item;
+  item.handle = reinterpret_cast<HTREEITEM>(Send(TVM_INSERTITEMW, 0, &insert));
+  byNode_.Insert(&node, &item);
+  byHandle_.Insert(item.handle, &item);
   return item;
 }
 
 void TreeMirror::Rebuild() {
   BeginBatch();
   Clear();
-  byNode_.reserve(static_cast<size_t>(tree_.Nodes().Count()));
-  byHandle_.reserve(static_cast<size_t>(tree_.Nodes().Count()));
+  byNode_.Reserve(static_cast<size_t>(tree_.Nodes().Count()));
+  byHandle_.Reserve(static_cast<size_t>(tree_.Nodes().Count()));
   // Breadth first: every parent is in the window before its children, and
   // siblings come in their order, each last under its parent.
   std::vector<NodeRef> pending;
@@ -154,15 +162,13 @@ void TreeMirror::Remove(const Node& node) {
   if (item == nullptr) return;
   // The node is still linked: its parent counts it among its children.
   const NodeRef parentNode = node.Parent();
-  SendMessageW(window_, TVM_DELETEITEM, 0, reinterpret_cast<LPARAM>(item->handle));
+  Send(TVM_DELETEITEM, 0, item->handle);
   std::vector<const Node*> subtree{&node};
   while (!subtree.empty()) {
     const Node* gone = subtree.back();
     subtree.pop_back();
     for (NodeRef child = gone->Child(); child; child = child->Next()) subtree.push_back(child.get());
-    if (Item* goneItem = Find(gone)) byHandle_.erase(goneItem->handle);
-    byNode_.erase(gone);
-    if (gone == pendingVisible_) pendingVisible_ = nullptr;
+    if (Item* goneItem = Find(gone)) Forget(*goneItem);
   }
   if (parentNode && parentNode->Children() == 1) {
     if (Item* parent = Find(parentNode.get())) parent->expanded = false;  // nothing left to show expanded
@@ -170,9 +176,11 @@ void TreeMirror::Remove(const Node& node) {
 }
 
 void TreeMirror::Clear() {
-  SendMessageW(window_, TVM_DELETEITEM, 0, reinterpret_cast<LPARAM>(TVI_ROOT));
-  byNode_.clear();
-  byHandle_.clear();
+  Send(TVM_DELETEITEM, 0, TVI_ROOT);
+  byNode_.Clear();
+  byHandle_.Clear();
+  items_.clear();
+  freeItems_.clear();
   pendingVisible_ = nullptr;
 }
 
@@ -190,12 +198,12 @@ void TreeMirror::Reorder(const Node* parent) {
     if (Item* item = Find(node.get())) item->order = order++;
   }
   TVSORTCB sort{parentHandle, CompareOrder, 0};
-  SendMessageW(window_, TVM_SORTCHILDRENCB, 0, reinterpret_cast<LPARAM>(&sort));
+  Send(TVM_SORTCHILDRENCB, 0, &sort);
 }
 
 void TreeMirror::Select(const Node* node) {
   const Item* item = node != nullptr ? Find(node) : nullptr;
-  SendMessageW(window_, TVM_SELECTITEM, TVGN_CARET, reinterpret_cast<LPARAM>(item != nullptr ? item->handle : nullptr));
+  Send(TVM_SELECTITEM, TVGN_CARET, item != nullptr ? item->handle : nullptr);
   if (batching_ && item != nullptr) pendingVisible_ = node;  // the selection is scrolled to once laid out
 }
 
@@ -204,7 +212,7 @@ void TreeMirror::ShowText(const Item& item) {
   change.mask = TVIF_TEXT;
   change.hItem = item.handle;
   change.pszText = const_cast<wchar_t*>(Wide(item.node->Text()));
-  SendMessageW(window_, TVM_SETITEMW, 0, reinterpret_cast<LPARAM>(&change));
+  Send(TVM_SETITEMW, 0, &change);
 }
 
 void TreeMirror::ShowImages(const Item& item) {
@@ -213,7 +221,7 @@ void TreeMirror::ShowImages(const Item& item) {
   change.hItem = item.handle;
   change.iImage = ShownImage(*item.node);
   change.iSelectedImage = ShownSelectedImage(*item.node);
-  SendMessageW(window_, TVM_SETITEMW, 0, reinterpret_cast<LPARAM>(&change));
+  Send(TVM_SETITEMW, 0, &change);
 }
 
 void TreeMirror::ShowExpanded(Item& item) {
@@ -221,7 +229,7 @@ void TreeMirror::ShowExpanded(Item& item) {
   const bool expanded = item.node->Expanded() && item.node->Children() > 0;
   if (expanded == item.expanded) return;
   item.expanded = expanded;
-  SendMessageW(window_, TVM_EXPAND, expanded ? TVE_EXPAND : TVE_COLLAPSE, reinterpret_cast<LPARAM>(item.handle));
+  Send(TVM_EXPAND, expanded ? TVE_EXPAND : TVE_COLLAPSE, item.handle);
 }
 
 void TreeMirror::Apply(const vd::forms::Change& change) {

@@ -13,17 +13,22 @@
 // after windows.h
 #include <commctrl.h>
 
-#include <unordered_map>
+#include <deque>
+#include <type_traits>
+#include <vector>
 
 #include "vd/forms/tree_view.h"
 #include "views/mirror_host.h"
+#include "views/pointer_table.h"
 #include "views/twips.h"
 
 namespace vd::win32::views {
 
 class TreeMirror {
  public:
-  TreeMirror(vd::forms::TreeView& tree, HWND window, MirrorHost& host, const Twips& twips);
+  // windowProc: the tree class's own procedure, which the mirror calls
+  // directly (its own changes need no look by the view's subclass).
+  TreeMirror(vd::forms::TreeView& tree, HWND window, WNDPROC windowProc, MirrorHost& host, const Twips& twips);
   TreeMirror(const TreeMirror&) = delete;
   TreeMirror& operator=(const TreeMirror&) = delete;
   ~TreeMirror();
@@ -46,7 +51,7 @@ class TreeMirror {
 
   [[nodiscard]] HTREEITEM ItemOf(const vd::forms::Node& node) const;
   [[nodiscard]] vd::forms::NodeRef NodeOf(HTREEITEM item) const;
-  [[nodiscard]] size_t ItemCount() const { return byNode_.size(); }
+  [[nodiscard]] size_t ItemCount() const { return byNode_.Size(); }
   [[nodiscard]] bool RedrawSuspended() const { return batching_; }
 
  private:
@@ -58,8 +63,15 @@ class TreeMirror {
   };
 
   static int CALLBACK CompareOrder(LPARAM first, LPARAM second, LPARAM unused);
-  Item* Find(const vd::forms::Node* node);
-  Item* Find(HTREEITEM handle);
+  LRESULT Send(UINT message, WPARAM wParam, LPARAM lParam) const;
+  template <class Argument>
+  LRESULT Send(UINT message, WPARAM wParam, Argument* argument) const {
+    return Send(message, wParam, reinterpret_cast<LPARAM>(argument));
+  }
+  [[nodiscard]] Item* Find(const vd::forms::Node* node) const { return byNode_.Find(node); }
+  [[nodiscard]] Item* Find(HTREEITEM handle) const { return byHandle_.Find(handle); }
+  Item& NewItem();
+  void Forget(Item& item);
   [[nodiscard]] vd::forms::NodeRef FirstTopLevel() const;
   void BeginBatch();
   Item& Insert(vd::forms::Node& node, HTREEITEM parent, HTREEITEM after);
@@ -82,10 +94,13 @@ class TreeMirror {
 
   vd::forms::TreeView& tree_;
   HWND window_;
+  WNDPROC windowProc_;
   MirrorHost& host_;
   const Twips& twips_;
-  std::unordered_map<const vd::forms::Node*, Item> byNode_;  // items keep their address: lParam points at them
-  std::unordered_map<HTREEITEM, Item*> byHandle_;
+  std::deque<Item> items_;  // items keep their address (an item's lParam points at it)
+  std::vector<Item*> freeItems_;
+  PointerTable<vd::forms::Node, Item> byNode_;
+  PointerTable<std::remove_pointer_t<HTREEITEM>, Item> byHandle_;
   bool batching_ = false;
   const vd::forms::Node* pendingVisible_ = nullptr;  // to scroll into view once the window lays out again
   POINT lastButton_{};                               // where the last button press of the mouse landed

@@ -36,7 +36,7 @@ int16_t ShiftKeys(WPARAM keys) {
 NodeRef TreeMirror::NodeAt(POINT point) const {
   TVHITTESTINFO hit{};
   hit.pt = point;
-  const auto item = reinterpret_cast<HTREEITEM>(SendMessageW(window_, TVM_HITTEST, 0, reinterpret_cast<LPARAM>(&hit)));
+  const auto item = reinterpret_cast<HTREEITEM>(Send(TVM_HITTEST, 0, &hit));
   if (item == nullptr || (hit.flags & TVHT_ONITEM) == 0) return nullptr;
   return NodeOf(item);
 }
@@ -76,9 +76,9 @@ void TreeMirror::UserClicked() {
   // is a NodeClick all the same.
   TVHITTESTINFO hit{};
   hit.pt = lastButton_;
-  const auto item = reinterpret_cast<HTREEITEM>(SendMessageW(window_, TVM_HITTEST, 0, reinterpret_cast<LPARAM>(&hit)));
+  const auto item = reinterpret_cast<HTREEITEM>(Send(TVM_HITTEST, 0, &hit));
   if (item == nullptr || (hit.flags & TVHT_ONITEM) == 0 || item == clickReported_) return;
-  const auto selected = reinterpret_cast<HTREEITEM>(SendMessageW(window_, TVM_GETNEXTITEM, TVGN_CARET, 0));
+  const auto selected = reinterpret_cast<HTREEITEM>(Send(TVM_GETNEXTITEM, TVGN_CARET, 0));
   if (item != selected) return;  // the selection change reports this click
   clickReported_ = item;
   UserSelectedNode(NodeOf(item));
@@ -142,15 +142,15 @@ LRESULT TreeMirror::AnswerQuery(WPARAM query, LPARAM argument) {
       if (item == nullptr || !item->node->Displayed()) return 0;
       host_.Quietly([&] {
         Flush();
-        SendMessageW(window_, TVM_ENSUREVISIBLE, 0, reinterpret_cast<LPARAM>(item->handle));
+        Send(TVM_ENSUREVISIBLE, 0, item->handle);
       });
       RECT text{};
       std::memcpy(&text, &item->handle, sizeof(item->handle));  // the window reads the item from the rectangle
-      if (SendMessageW(window_, TVM_GETITEMRECT, TRUE, reinterpret_cast<LPARAM>(&text)) == FALSE) return 0;
+      if (Send(TVM_GETITEMRECT, TRUE, &text) == FALSE) return 0;
       return MAKELPARAM((text.left + text.right) / 2, (text.top + text.bottom) / 2);
     }
     case kSelectedKey: {
-      const auto selected = reinterpret_cast<HTREEITEM>(SendMessageW(window_, TVM_GETNEXTITEM, TVGN_CARET, 0));
+      const auto selected = reinterpret_cast<HTREEITEM>(Send(TVM_GETNEXTITEM, TVGN_CARET, 0));
       const NodeRef node = NodeOf(selected);
       if (!node || node->Key().empty()) return 0;
       return GlobalAddAtomW(Wide(node->Key()));
