@@ -95,6 +95,8 @@ void DialogScript::RunNext() {
     action();
   } catch (const std::exception& error) {
     ADD_FAILURE() << "the step threw: " << error.what();
+  } catch (...) {
+    ADD_FAILURE() << "the step threw";
   }
   PostNext();
 }

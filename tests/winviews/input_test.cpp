@@ -126,13 +126,24 @@ TEST_F(DialogTest, FocusMovedInTheWindowsRaisesLostFocusThenGotFocus) {
   script.Run();
 }
 
-TEST_F(DialogTest, ClickOnALabelRaisesItsClick) {
+TEST_F(DialogTest, ClicksOnALabelRaiseItsClickAndDblClick) {
   form.lblName.onClick = [&] { form.log.push_back("lblName.Click"); };
+  form.lblName.onDblClick = [&] { form.log.push_back("lblName.DblClick"); };
   script.Then("click",
               [&] {
                 PostMouseClick(Win(form.lblName), {5, 5});
               })
-      .Then("check", [&] { EXPECT_EQ(form.Count("lblName.Click"), 1u); });
+      .Then("check the click", [&] { EXPECT_EQ(form.Events({"lblName.Click"}), Log{"lblName.Click"}); })
+      .Then("double click",
+            [&] {
+              PostMouseDoubleClick(Win(form.lblName), {5, 5});
+            })
+      .Then("check", [&] {
+        // The double click's first press is a click; its second, click then DblClick.
+        EXPECT_EQ(form.Events({"lblName.Click", "lblName.DblClick"}),
+                  (Log{"lblName.Click", "lblName.Click", "lblName.Click", "lblName.DblClick"}));
+        EXPECT_EQ(form.ActiveControl(), &form.txtName) << "a label takes no focus";
+      });
   script.Run();
 }
 

@@ -57,7 +57,7 @@ struct WindowProcedures {
     try {
       return record->view->ControlMessage(*record, window, message, wParam, lParam);
     } catch (...) {
-      return CallWindowProcW(original, window, message, wParam, lParam);
+      return 0;  // nothing of the view throws past its own guards; should anything, it stops here
     }
   }
 };

@@ -47,6 +47,7 @@ void FormView::PropertyChanged(const vd::forms::Change& change) {
 }
 
 void FormView::ApplyAll() {
+  EnableWindow(window_, form_.Enabled() ? TRUE : FALSE);
   for (const auto& record : controls_) {
     Quietly([&] {
       if (record->control->Kind() == ControlKind::kImageList) return;

@@ -113,7 +113,9 @@ void FormView::OnCommand(int id, int code, HWND /*control*/) {
       if (code == BN_CLICKED) UserAction([&] { control.UserClick(); });
       break;
     case ControlKind::kLabel:
+      // The second press of a double click comes as STN_DBLCLK alone.
       if (code == STN_CLICKED) UserAction([&] { control.UserClick(); });
+      if (code == STN_DBLCLK) UserAction([&] { control.UserDoubleClick(); });
       break;
     case ControlKind::kTextBox:
       if (code == EN_CHANGE) {
