@@ -165,15 +165,5 @@ TEST(ProgressBarValue, StaysBetweenMinAndMax) {
   EXPECT_EQ(form.pbProgress.Value(), 50);
 }
 
-TEST(StatusBarPanels, AreNumberedFromOne) {
-  EventLogForm form;
-  EXPECT_EQ(form.sbStatus.PanelCount(), 1);
-  form.sbStatus.SetPanelText(1, u"first");
-  EXPECT_EQ(form.sbStatus.AddPanel(u"second"), 2);
-  EXPECT_EQ(form.sbStatus.PanelText(1), u"first");
-  EXPECT_EQ(form.sbStatus.PanelText(2), u"second");
-  EXPECT_THROW(form.sbStatus.SetPanelText(3, u"x"), vd::automation::AutomationError);
-}
-
 }  // namespace
 }  // namespace vd::forms::test

@@ -32,12 +32,6 @@ TEST(Focus, MovingFiresLostFocusOnTheOldControlThenGotFocusOnTheNew) {
   }
 }
 
-TEST(Focus, TheFirstFocusFiresOnlyGotFocus) {
-  EventLogForm form;
-  form.txtName.SetFocus();
-  EXPECT_EQ(form.log, (Logs{"txtName.GotFocus"}));
-}
-
 TEST(Focus, AControlThatCannotTakeItRaisesInvalidProcedureCall) {
   const struct {
     const char* name;

@@ -187,16 +187,25 @@ TEST(KeyPreview, TypedCharactersReachTheFormFirstToo) {
   EXPECT_EQ(form.txtName.Text(), u"ab");
 }
 
-TEST(FormProperties, AreStoredAndControlsAreFoundByName) {
+}  // namespace
+}  // namespace vd::forms::test
+
+namespace vd::forms::test {
+namespace {
+
+TEST(RunTimeControls, LeaveTheFormAndTheFocusWhenDestroyed) {
   EventLogForm form;
-  form.SetCaption(u"Data Selection");
-  form.SetWidth(9000);
-  form.SetMousePointer(vbHourglass);
-  EXPECT_EQ(form.Caption(), u"Data Selection");
-  EXPECT_EQ(form.Width(), 9000);
-  EXPECT_EQ(form.MousePointer(), vbHourglass);
-  EXPECT_EQ(form.FindControl(u"TXTNAME"), &form.txtName);
-  EXPECT_EQ(form.FindControl(u"none"), nullptr);
+  const size_t designed = form.AllControls().size();
+  auto extra = std::make_unique<TextBox>(form.fraRight, u"txtExtra");
+  EXPECT_EQ(form.AllControls().size(), designed + 1);
+  EXPECT_EQ(form.FindControl(u"txtExtra"), extra.get());
+  extra->SetFocus();
+  extra.reset();
+  EXPECT_EQ(form.ActiveControl(), nullptr);
+  EXPECT_EQ(form.FindControl(u"txtExtra"), nullptr);
+  EXPECT_EQ(form.fraRight.Controls().size(), 3u);
+  form.txtName.SetFocus();
+  EXPECT_EQ(form.log.back(), "txtName.GotFocus");
 }
 
 }  // namespace

@@ -166,18 +166,5 @@ TEST(TestDriver, TypingTheWholeTextFiresOneChangeKeysOneEach) {
   }
 }
 
-TEST(TestDriver, RestoresThePreviousModalHost) {
-  ModalHost* before = Form::DefaultModalHost();
-  {
-    TestDriver outer;
-    {
-      TestDriver inner;
-      EXPECT_EQ(Form::DefaultModalHost(), &inner);
-    }
-    EXPECT_EQ(Form::DefaultModalHost(), &outer);
-  }
-  EXPECT_EQ(Form::DefaultModalHost(), before);
-}
-
 }  // namespace
 }  // namespace vd::forms::test

@@ -113,6 +113,8 @@ TEST(TreeNodes, HeldReferencesSurviveRemovalsAndRemovedOnesAreDetectable) {
     EXPECT_TRUE(node->Removed());
     EXPECT_EQ(ErrorOf([&] { (void)node->Index(); }), err::kNodeRemoved);
     EXPECT_EQ(ErrorOf([&] { (void)node->Text(); }), err::kNodeRemoved);
+    EXPECT_EQ(ErrorOf([&] { form.treItems.Nodes().Add(node, tvwNext, u"k", u"t"); }),
+              vd::automation::err::kTreeElementNotFound);
   }
   EXPECT_EQ(form.treItems.Nodes().Find(u"1:1"), nullptr);
 }
@@ -193,6 +195,28 @@ TEST(TreeNodes, RelationshipsPlaceTheNewNode) {
   }
 }
 
+TEST(TreeNodes, TheRelativeIsAKeyAnIndexANodeOrAVariant) {
+  const struct {
+    const char* name;
+    std::function<NodeRef(TreeView&)> add;
+  } cases[] = {
+      {"KeyText", [](TreeView& t) { return t.Nodes().Add(u"_Ds2", tvwChild, u"new", u"n"); }},
+      {"KeyString", [](TreeView& t) { return t.Nodes().Add(String(u"_DS2"), tvwChild, u"new", u"n"); }},
+      {"Index", [](TreeView& t) { return t.Nodes().Add(2, tvwChild, u"new", u"n"); }},
+      {"Node", [](TreeView& t) { return t.Nodes().Add(t.Nodes().Item(2), tvwChild, u"new", u"n"); }},
+      {"VariantKey", [](TreeView& t) { return t.Nodes().Add(Variant(u"_Ds2"), tvwChild, u"new", u"n"); }},
+      {"VariantDouble", [](TreeView& t) { return t.Nodes().Add(Variant(2.0), tvwChild, u"new", u"n"); }},
+  };
+  for (const auto& c : cases) {
+    EventLogForm form;
+    BuildTree(form.treItems, 3, 1);
+    const NodeRef added = c.add(form.treItems);
+    ASSERT_TRUE(added->Parent()) << c.name;
+    EXPECT_EQ(added->Parent()->Key(), DsKey(2)) << c.name;
+    EXPECT_EQ(added->Parent()->LastSibling()->Key(), DsKey(3)) << c.name;
+  }
+}
+
 TEST(TreeNodes, BadArgumentsRaiseTheControlsErrors) {
   const struct {
     const char* name;
@@ -212,6 +236,14 @@ TEST(TreeNodes, BadArgumentsRaiseTheControlsErrors) {
       {"RemoveMissingKey", [](TreeView& t) { t.Nodes().Remove(u"nope"); }, vd::automation::err::kTreeElementNotFound},
       {"ImageOutsideTheList", [](TreeView& t) { t.Nodes().Add(Variant(), tvwLast, u"k", u"t", 4); },
        vd::automation::err::kTreeIndexOutOfBounds},
+      {"RelativeOfAnotherKind", [](TreeView& t) { t.Nodes().Add(Variant(true), tvwChild, u"k", u"t"); },
+       vd::automation::err::kTypeMismatch},
+      {"RelativeNodeOfAnotherTree",
+       [](TreeView& t) {
+         EventLogForm other;
+         t.Nodes().Add(other.treItems.Nodes().Add(Variant(), tvwLast, u"f", u"f"), tvwNext, u"k", u"t");
+       },
+       vd::automation::err::kTreeElementNotFound},
       {"ImageWithoutAList",
        [](TreeView& t) {
          t.SetImageList(nullptr);

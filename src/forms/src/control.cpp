@@ -10,10 +10,10 @@ namespace vd::forms {
 using detail::Assign;
 
 Container::~Container() {
-  // Controls declared before their container (a declaration-order slip) must
-  // not reach back into it once it is gone.
+  // Controls that outlive their container (made apart from the form class)
+  // must not reach back into it once it is gone.
   for (Control* child : children_) {
-    child->parent_ = ownerForm_;
+    child->parent_ = nullptr;
     child->parentControl_ = nullptr;
   }
 }
@@ -28,13 +28,15 @@ Control::Control(Container& parent, String name)
 }
 
 Control::~Control() {
-  auto& siblings = parent_->children_;
-  siblings.erase(std::remove(siblings.begin(), siblings.end(), this), siblings.end());
+  if (parent_ != nullptr) {
+    auto& siblings = parent_->children_;
+    siblings.erase(std::remove(siblings.begin(), siblings.end(), this), siblings.end());
+  }
   if (form_ != nullptr) form_->Unregister(*this);
 }
 
 void Control::Notify(Property property, int32_t index, const Node* node) {
-  if (observer_ == nullptr && form_->observers_.empty()) return;
+  if (form_ == nullptr || (observer_ == nullptr && form_->observers_.empty())) return;
   const Change change{form_, this, property, index, node};
   if (observer_ != nullptr) observer_->PropertyChanged(change);
   form_->Report(change);
@@ -83,10 +85,10 @@ bool Control::IsShown() const {
 bool Control::IsUsable() const {
   for (const Control* c = this; c != nullptr; c = c->parentControl_)
     if (!c->enabled_) return false;
-  return form_->Enabled();
+  return form_ != nullptr && form_->Enabled();
 }
 
-bool Control::HasFocus() const { return form_->ActiveControl() == this; }
+bool Control::HasFocus() const { return form_ != nullptr && form_->ActiveControl() == this; }
 
 void Control::SetFocus() {
   if (!CanFocus()) vd::automation::Raise(vd::automation::err::kInvalidProcedureCall);

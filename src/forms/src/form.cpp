@@ -19,7 +19,11 @@ Form::Form(String name) : Container(*this), name_(std::move(name)), caption_(nam
 Form::~Form() {
   // Controls are members of the derived class and are gone by now; any left
   // (made elsewhere) must not report to a destroyed form.
-  for (Control* control : all_) control->form_ = nullptr;
+  for (Control* control : all_) {
+    control->form_ = nullptr;
+    control->parent_ = nullptr;
+    control->parentControl_ = nullptr;
+  }
 }
 
 void Form::SetDefaultModalHost(ModalHost* host) { defaultModalHost = host; }

@@ -68,8 +68,7 @@ Node* SortedPlace(const Node& parent, vd::automation::StringView text) {
 }
 }  // namespace detail
 
-Node::Node(Token, TreeView* tree, String key, String text)
-    : tree_(tree), key_(std::move(key)), text_(std::move(text)) {}
+Node::Node(Token, TreeView* tree, StringView key, StringView text) : tree_(tree), key_(key), text_(text) {}
 
 void Node::CheckLive() const {
   if (tree_ == nullptr) vd::automation::Raise(err::kNodeRemoved, u"Control has been deleted");
@@ -80,7 +79,7 @@ TreeView& Node::Tree() const {
   return *tree_;
 }
 
-NodeRef Node::Ref(Node* node) const { return node != nullptr ? node->shared_from_this() : nullptr; }
+NodeRef Node::Ref(Node* node) const { return tree_->nodes_.RefOf(node); }
 
 bool Node::IsTopLevel() const { return parent_ == tree_->nodes_.root_.get(); }
 

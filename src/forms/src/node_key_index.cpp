@@ -20,6 +20,21 @@ uint32_t HashUpper(StringView key) {
   for (const char16_t c : key) h = (h ^ c) * 0x100000001b3ULL;
   return Finish(h);
 }
+
+// Equal ignoring case; ASCII letters are folded here, anything else by the text helpers.
+bool SameKey(StringView a, StringView b) {
+  if (a.size() != b.size()) return false;
+  for (size_t i = 0; i < a.size(); ++i) {
+    char16_t x = a[i];
+    char16_t y = b[i];
+    if (x == y) continue;
+    if (x >= 0x80 || y >= 0x80) return vd::automation::EqualsIgnoreCase(a.substr(i), b.substr(i));
+    if (x >= u'a' && x <= u'z') x = static_cast<char16_t>(x - 0x20);
+    if (y >= u'a' && y <= u'z') y = static_cast<char16_t>(y - 0x20);
+    if (x != y) return false;
+  }
+  return true;
+}
 }  // namespace
 
 uint32_t NodeKeyIndex::Hash(StringView key) {
@@ -34,19 +49,18 @@ uint32_t NodeKeyIndex::Hash(StringView key) {
   return Finish(h);
 }
 
-Node* NodeKeyIndex::Find(StringView key) const {
+Node* NodeKeyIndex::Find(StringView key, uint32_t hash) const {
   if (size_ == 0) return nullptr;
-  const uint32_t hash = Hash(key);
   for (size_t i = hash & Mask(); slots_[i].node != nullptr; i = (i + 1) & Mask()) {
-    if (slots_[i].hash == hash && vd::automation::EqualsIgnoreCase(slots_[i].node->key_, key)) return slots_[i].node;
+    if (slots_[i].hash == hash && SameKey(slots_[i].node->key_, key)) return slots_[i].node;
   }
   return nullptr;
 }
 
-void NodeKeyIndex::Insert(Node* node) {
-  // At most three quarters full, so that every probe ends at an empty slot.
-  if ((size_ + 1) * 4 > slots_.size() * 3) Grow();
-  const uint32_t hash = Hash(node->key_);
+void NodeKeyIndex::Insert(Node* node, uint32_t hash) {
+  // At most half full: a probe for a key that is not there (every Add makes
+  // one) then ends after two or three slots on average.
+  if ((size_ + 1) * 2 > slots_.size()) Grow();
   size_t i = hash & Mask();
   while (slots_[i].node != nullptr) i = (i + 1) & Mask();
   slots_[i] = Slot{node, hash};

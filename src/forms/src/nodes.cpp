@@ -26,24 +26,43 @@ Nodes::~Nodes() {
   root_->tree_ = nullptr;
 }
 
-Node* Nodes::Resolve(const Variant& relative) const {
+NodeRelative::NodeRelative(const Variant& relative) {
   using vd::automation::VarType;
   switch (relative.Type()) {
     case VarType::kEmpty:
-      return nullptr;
-    case VarType::kString: {
-      Node* node = keys_.Find(relative.AsString());
-      if (node == nullptr) Raise(aerr::kTreeElementNotFound);
-      return node;
-    }
+      break;
+    case VarType::kString:
+      kind_ = Kind::kKey;
+      key_ = relative.AsString();
+      break;
     case VarType::kInteger:
     case VarType::kLong:
     case VarType::kSingle:
     case VarType::kDouble:
-      return At(vd::automation::CLng(relative));
+      kind_ = Kind::kIndex;
+      index_ = vd::automation::CLng(relative);
+      break;
     default:
       Raise(aerr::kTypeMismatch);
   }
+}
+
+Node* Nodes::Resolve(const NodeRelative& relative) const {
+  switch (relative.kind_) {
+    case NodeRelative::Kind::kNone:
+      return nullptr;
+    case NodeRelative::Kind::kKey: {
+      Node* node = keys_.Find(relative.key_);
+      if (node == nullptr) Raise(aerr::kTreeElementNotFound);
+      return node;
+    }
+    case NodeRelative::Kind::kIndex:
+      return At(relative.index_);
+    case NodeRelative::Kind::kNode:
+      if (relative.node_ == nullptr || relative.node_->tree_ != tree_) Raise(aerr::kTreeElementNotFound);
+      return const_cast<Node*>(relative.node_);
+  }
+  return nullptr;
 }
 
 Node* Nodes::At(int32_t index) const {
@@ -66,11 +85,12 @@ void Nodes::CompactThrough(size_t slot) const {
   compactPrefix_ = write;
 }
 
-NodeRef Nodes::Add(const Variant& relative, int32_t relationship, StringView key, StringView text, int32_t image,
+NodeRef Nodes::Add(const NodeRelative& relative, int32_t relationship, StringView key, StringView text, int32_t image,
                    int32_t selectedImage) {
   Node* rel = Resolve(relative);
   if (relationship < tvwFirst || relationship > tvwChild) Raise(aerr::kInvalidProcedureCall);
-  if (!key.empty() && keys_.Find(key) != nullptr) Raise(aerr::kTreeKeyNotUnique);
+  const uint32_t keyHash = detail::NodeKeyIndex::Hash(key);
+  if (!key.empty() && keys_.Find(key, keyHash) != nullptr) Raise(aerr::kTreeKeyNotUnique);
   tree_->CheckImage(image);
   tree_->CheckImage(selectedImage);
 
@@ -97,30 +117,30 @@ NodeRef Nodes::Add(const Variant& relative, int32_t relationship, StringView key
   }
   if (parent->sorted_) after = detail::SortedPlace(*parent, text);
 
-  auto node = std::make_shared<Node>(Node::Token{}, tree_, String(key), String(text));
+  auto node = std::make_shared<Node>(Node::Token{}, tree_, key, text);
   node->image_ = image;
   node->selectedImage_ = selectedImage;
   detail::LinkAfter(*parent, after, *node);
   node->slot_ = slots_.size();
   if (compactPrefix_ == slots_.size()) ++compactPrefix_;
   slots_.push_back(node);
-  if (!key.empty()) keys_.Insert(node.get());
+  if (!key.empty()) keys_.Insert(node.get(), keyHash);
   ++live_;
   tree_->ReportNode(Property::kNodeAdded, node.get());
   return node;
 }
 
-NodeRef Nodes::Item(int32_t index) const { return At(index)->shared_from_this(); }
+NodeRef Nodes::Item(int32_t index) const { return RefOf(At(index)); }
 
 NodeRef Nodes::Item(StringView key) const {
   Node* node = keys_.Find(key);
   if (node == nullptr) Raise(aerr::kTreeElementNotFound);
-  return node->shared_from_this();
+  return RefOf(node);
 }
 
 NodeRef Nodes::Find(StringView key) const {
   Node* node = keys_.Find(key);
-  return node != nullptr ? node->shared_from_this() : nullptr;
+  return RefOf(node);
 }
 
 void Nodes::Remove(int32_t index) { RemoveNode(At(index)); }

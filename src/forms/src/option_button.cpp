@@ -13,7 +13,7 @@ void OptionButton::SetCaption(String caption) {
 
 void OptionButton::SetValue(bool value) {
   if (!detail::Assign(value_, value)) return;
-  if (value) {
+  if (value && HasContainer()) {
     for (Control* sibling : Parent().Controls()) {
       auto* option = dynamic_cast<OptionButton*>(sibling);
       if (option != nullptr && option != this && option->value_) {

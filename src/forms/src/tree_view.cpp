@@ -10,7 +10,7 @@ TreeView::TreeView(Container& parent, String name) : Control(parent, std::move(n
 
 TreeView::~TreeView() = default;
 
-NodeRef TreeView::SelectedItem() const { return selected_ != nullptr ? selected_->shared_from_this() : nullptr; }
+NodeRef TreeView::SelectedItem() const { return nodes_.RefOf(selected_); }
 
 void TreeView::SetSelectedItem(const NodeRef& node) {
   if (node && node->tree_ != this) vd::automation::Raise(vd::automation::err::kTreeElementNotFound);

@@ -4,7 +4,8 @@
 // Controls are members of their form class, created with the container they sit
 // in: `Frame fraFormat{*this, u"fraFormat"}; OptionButton optASCII{fraFormat, u"optASCII"};`.
 // A container must be declared before the controls it holds. Controls neither
-// copy nor move: the form and the views know them by address.
+// copy nor move: the form and the views know them by address. A control made
+// at run time leaves its form (and the focus) when it is destroyed.
 //
 // Events are std::function members that the form class assigns, keeping the
 // classic handler names: `cmdAddDs.onClick = [this] { cmdAddDs_Click(); };`.
@@ -79,6 +80,8 @@ class Control {
   [[nodiscard]] Form& OwnerForm() const { return *form_; }
   // The form or frame the control sits in.
   [[nodiscard]] Container& Parent() const { return *parent_; }
+  // False only for a control that outlived its container.
+  [[nodiscard]] bool HasContainer() const { return parent_ != nullptr; }
 
   [[nodiscard]] bool Visible() const { return visible_; }
   void SetVisible(bool visible);

@@ -30,11 +30,11 @@ struct NodeAccess;
 
 using NodeRef = std::shared_ptr<Node>;
 
-class Node : public std::enable_shared_from_this<Node> {
+class Node {
   struct Token {};
 
  public:
-  Node(Token, TreeView* tree, String key, String text);
+  Node(Token, TreeView* tree, StringView key, StringView text);
   Node(const Node&) = delete;
   Node& operator=(const Node&) = delete;
 

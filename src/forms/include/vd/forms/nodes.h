@@ -17,6 +17,28 @@
 
 namespace vd::forms {
 
+// The node that Nodes.Add places a new node next to: none, a key, an index,
+// a node, or a Variant holding Empty, a key or a number. A key is only looked
+// at, never copied.
+class NodeRelative {
+ public:
+  NodeRelative() = default;
+  NodeRelative(StringView key) : kind_(Kind::kKey), key_(key) {}                // NOLINT(google-explicit-constructor)
+  NodeRelative(const String& key) : kind_(Kind::kKey), key_(key) {}             // NOLINT(google-explicit-constructor)
+  NodeRelative(const char16_t* key) : kind_(Kind::kKey), key_(key) {}           // NOLINT(google-explicit-constructor)
+  NodeRelative(int32_t index) : kind_(Kind::kIndex), index_(index) {}           // NOLINT(google-explicit-constructor)
+  NodeRelative(const NodeRef& node) : kind_(Kind::kNode), node_(node.get()) {}  // NOLINT(google-explicit-constructor)
+  NodeRelative(const Variant& relative);                                        // NOLINT(google-explicit-constructor)
+
+ private:
+  friend class Nodes;
+  enum class Kind : uint8_t { kNone, kKey, kIndex, kNode };
+  Kind kind_ = Kind::kNone;
+  StringView key_;
+  int32_t index_ = 0;
+  const Node* node_ = nullptr;
+};
+
 class Nodes {
  public:
   explicit Nodes(TreeView& tree);
@@ -26,14 +48,15 @@ class Nodes {
 
   [[nodiscard]] int32_t Count() const { return live_; }
 
-  // Adds a node and answers it. relative names an existing node by key (String)
-  // or index (a number), or is Empty for a top-level node; relationship places
+  // Adds a node and answers it. relative names an existing node by key or
+  // index, or is none for a top-level node; relationship places
   // the new node as that node's child (tvwChild), first or last sibling, or
   // next to it. Under a sorted parent the node goes to its place by text.
   // Errors: 35601 unknown relative key, 35600 relative index out of range,
   // 35602 duplicate key, 5 unknown relationship, 35613 / 35600 an image without
-  // an image list or outside it.
-  NodeRef Add(const Variant& relative = Variant(), int32_t relationship = tvwLast, StringView key = {},
+  // an image list or outside it, 13 a Variant of another kind, 35601 a node of
+  // another tree or one removed.
+  NodeRef Add(const NodeRelative& relative = {}, int32_t relationship = tvwLast, StringView key = {},
               StringView text = {}, int32_t image = 0, int32_t selectedImage = 0);
 
   // Error 35600 outside 1..Count.
@@ -55,7 +78,9 @@ class Nodes {
   friend class Node;
   friend class TreeView;
 
-  [[nodiscard]] Node* Resolve(const Variant& relative) const;
+  [[nodiscard]] Node* Resolve(const NodeRelative& relative) const;
+  // The shared reference of a node of this tree (nullptr for nullptr).
+  [[nodiscard]] NodeRef RefOf(const Node* node) const { return node != nullptr ? slots_[node->slot_] : nullptr; }
   [[nodiscard]] Node* At(int32_t index) const;
   void RemoveNode(Node* node);
   // Closes the gaps before slot so that slot holds its node's index - 1.

@@ -14,9 +14,10 @@ namespace vd::forms::detail {
 
 class NodeKeyIndex {
  public:
-  [[nodiscard]] Node* Find(vd::automation::StringView key) const;
-  // The node's key must be non-empty and not yet present.
-  void Insert(Node* node);
+  [[nodiscard]] Node* Find(vd::automation::StringView key) const { return Find(key, Hash(key)); }
+  [[nodiscard]] Node* Find(vd::automation::StringView key, uint32_t hash) const;
+  // The node's key must be non-empty and not yet present; hash is Hash of it.
+  void Insert(Node* node, uint32_t hash);
   void Erase(const Node* node);
   void Clear();
   [[nodiscard]] size_t Size() const { return size_; }
