@@ -2,6 +2,9 @@
 
 #include <commctrl.h>
 
+#include <utility>
+
+#include "artifact_path.h"
 #include "background_send.h"
 #include "posted_input.h"
 #include "queue_marker.h"
@@ -88,7 +91,7 @@ RECT Union(HWND a, HWND b) {
 
 }  // namespace
 
-Win32Desktop::Win32Desktop() = default;
+Win32Desktop::Win32Desktop(vd::robot::String artifacts) : artifacts_(std::move(artifacts)) {}
 Win32Desktop::~Win32Desktop() = default;
 
 std::string Win32Desktop::FormProblem() const {
@@ -362,8 +365,9 @@ Look Win32Desktop::Advance(const Step& step) {
     case Stage::kCapturing: {
       if (!FormProblem().empty()) return Never(FormProblem());
       if (!progress.marker->Reached()) return NotYet("the form is being painted");
-      const std::string failure = CaptureToBitmapFile(Union(form_, Box()), step.target);
-      return failure.empty() ? Holds() : Never(failure + ": " + Utf8(step.target));
+      const vd::robot::String path = vd::robot::PathUnder(artifacts_, step.target);
+      const std::string failure = CaptureToBitmapFile(Union(form_, Box()), path);
+      return failure.empty() ? Holds() : Never(failure + ": " + Utf8(path));
     }
   }
   return Holds();
