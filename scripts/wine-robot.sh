@@ -104,9 +104,10 @@ robot_demo() {
 robot_demos() {  # arch loader bin
   local arch=$1 loader=$2 bin=$3
   local select="run: selection (context 1, type 501, rows 0, cols 0)"
+  # A look at a variable writes its scope back, so a selection run that showed one is modified.
   robot_demo "$arch" "$loader" "$bin" demo_select_ok \
-    "$select|selected: Plant_Constants / Tank_T201_Volume_m3|modified: no" --select 1 501 0 0
-  robot_demo "$arch" "$loader" "$bin" demo_select_close "$select|selected: none|modified: no" --select 1 501 0 0
+    "$select|selected: Plant_Constants / Tank_T201_Volume_m3|modified: yes" --select 1 501 0 0
+  robot_demo "$arch" "$loader" "$bin" demo_select_close "$select|selected: none|modified: yes" --select 1 501 0 0
   robot_demo "$arch" "$loader" "$bin" demo_edit_unchanged "run: editing|modified: no"
   robot_demo "$arch" "$loader" "$bin" demo_edit_look "run: editing|modified: yes"
 }

@@ -8,7 +8,7 @@
 #include "background_send.h"
 #include "posted_input.h"
 #include "queue_marker.h"
-#include "remote_tree.h"
+#include "remote_memory.h"
 #include "screen_capture.h"
 #include "views/control_lookup.h"
 #include "views/wide_text.h"
@@ -397,7 +397,8 @@ Look Win32Desktop::Check(const Step& step) {
     case StepKind::kCheckState:
       return CheckState(step, control);
     case StepKind::kCheckText: {
-      const vd::robot::String text = TextOf(control);
+      const vd::robot::String text =
+          IsClass(control, STATUSCLASSNAMEW) ? RemoteStatusText(control).value_or(u"") : TextOf(control);
       return text == step.text ? Holds() : NotYet(Quoted(Utf8(text)));
     }
     case StepKind::kCheckItems: {
