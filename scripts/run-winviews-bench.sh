@@ -1,0 +1,15 @@
+#!/usr/bin/env bash
+# Times the tree view mirror under Wine on a virtual X screen (a fresh prefix
+# under build/, as the tests run): a bare tree view with redraw off against the
+# same tree built through the forms and mirrored by the view.
+#
+#   scripts/run-winviews-bench.sh [nodes ...]   (default 100000)
+# The program is build/win64/bin/vd_bench_tree_mirror.exe.
+set -uo pipefail
+cd "$(dirname "$0")/.."
+program=build/win64/bin/vd_bench_tree_mirror.exe
+[[ -f $program ]] || { echo "no timing program at $program (build the win64 preset's vd_bench_tree_mirror first)" >&2; exit 1; }
+source scripts/wine-display.sh
+wine_display_start "$PWD/build/winviews-bench-prefix" || exit 1
+trap wine_display_stop EXIT
+"$WINE_LOADER" "$program" "$@" 2>/dev/null | tr -d '\r'

@@ -1,0 +1,40 @@
+#pragma once
+// The common-controls functions the views call, taken from the comctl32 that
+// the module's activation context selects (version 6 where the manifest is
+// present) rather than bound at load time to whichever the process loaded
+// first: an image list must come from the same comctl32 as the tree that draws it.
+#include <windows.h>
+// after windows.h
+#include <commctrl.h>
+
+namespace vd::win32::views {
+
+struct CommonControls {
+  BOOL(WINAPI* initCommonControlsEx)(const INITCOMMONCONTROLSEX*) = nullptr;
+  HIMAGELIST(WINAPI* imageListCreate)(int, int, UINT, int, int) = nullptr;
+  int(WINAPI* imageListAddMasked)(HIMAGELIST, HBITMAP, COLORREF) = nullptr;
+  BOOL(WINAPI* imageListDestroy)(HIMAGELIST) = nullptr;
+  int(WINAPI* imageListGetImageCount)(HIMAGELIST) = nullptr;
+
+  // Loaded once under the module's activation context; classes registered.
+  static const CommonControls& Get();
+};
+
+// Owns an image list of that comctl32.
+class ImageListHandle {
+ public:
+  ImageListHandle() = default;
+  explicit ImageListHandle(HIMAGELIST list) : list_(list) {}
+  ImageListHandle(const ImageListHandle&) = delete;
+  ImageListHandle& operator=(const ImageListHandle&) = delete;
+  ImageListHandle(ImageListHandle&& other) noexcept : list_(other.list_) { other.list_ = nullptr; }
+  ImageListHandle& operator=(ImageListHandle&& other) noexcept;
+  ~ImageListHandle() { Reset(); }
+  [[nodiscard]] HIMAGELIST Get() const { return list_; }
+  void Reset(HIMAGELIST list = nullptr);
+
+ private:
+  HIMAGELIST list_ = nullptr;
+};
+
+}  // namespace vd::win32::views

@@ -1,0 +1,170 @@
+// Real input to the controls' windows fires the events the form's rules give,
+// once each, and the windows then show what the form holds.
+#include <string>
+#include <vector>
+
+#include "dialog_test.h"
+#include "vd/automation/text.h"
+#include "views/wide_text.h"
+
+namespace vd::win32::views::testing {
+namespace {
+
+using Log = std::vector<std::string>;
+
+TEST_F(DialogTest, ButtonClickMovesTheFocusThenClicks) {
+  script.Then("click", [&] { PostClick(Win(form.cmdApply)); }).Then("check", [&] {
+    EXPECT_EQ(form.log, (Log{"txtName.GotFocus", "txtName.LostFocus", "cmdApply.GotFocus", "cmdApply.Click"}));
+    EXPECT_EQ(form.ActiveControl(), &form.cmdApply);
+  });
+  script.Run();
+}
+
+TEST_F(DialogTest, CheckBoxClicksToggleTheFormsValue) {
+  script.Then("click", [&] { PostClick(Win(form.chkExpandAll)); })
+      .Then("check checked",
+            [&] {
+              EXPECT_EQ(form.chkExpandAll.Value(), vd::forms::vbChecked);
+              EXPECT_EQ(SendMessageW(Win(form.chkExpandAll), BM_GETCHECK, 0, 0), BST_CHECKED);
+              PostClick(Win(form.chkExpandAll));
+            })
+      .Then("check unchecked", [&] {
+        EXPECT_EQ(form.chkExpandAll.Value(), vd::forms::vbUnchecked);
+        EXPECT_EQ(SendMessageW(Win(form.chkExpandAll), BM_GETCHECK, 0, 0), BST_UNCHECKED);
+        EXPECT_EQ(form.Events({"chkExpandAll.Click"}), (Log{"chkExpandAll.Click:1", "chkExpandAll.Click:0"}));
+      });
+  script.Run();
+}
+
+TEST_F(DialogTest, OptionClickSelectsItAndClearsTheOtherWithoutItsClick) {
+  script.Then("click", [&] { PostClick(Win(form.optBinary)); }).Then("check", [&] {
+    EXPECT_TRUE(form.optBinary.Value());
+    EXPECT_FALSE(form.optASCII.Value());
+    EXPECT_EQ(SendMessageW(Win(form.optASCII), BM_GETCHECK, 0, 0), BST_UNCHECKED);
+    EXPECT_EQ(SendMessageW(Win(form.optBinary), BM_GETCHECK, 0, 0), BST_CHECKED);
+    EXPECT_EQ(form.Events({"optASCII.Click", "optBinary.Click"}), Log{"optBinary.Click"});
+  });
+  script.Run();
+}
+
+TEST_F(DialogTest, TypedCharactersRaiseKeyPressAndChangeEach) {
+  script.Then("type", [&] { PostChars(Win(form.txtName), u"ab"); })
+      .WaitFor("the text", [&] { return form.txtName.Text() == u"ab"; })
+      .Then("check", [&] {
+        EXPECT_EQ(form.Events({"txtName.KeyPress", "txtName.Change"}),
+                  (Log{"txtName.KeyPress:97", "txtName.Change:a", "txtName.KeyPress:98", "txtName.Change:ab"}));
+        EXPECT_EQ(WindowText(Win(form.txtName)), u"ab");
+      });
+  script.Run();
+}
+
+TEST_F(DialogTest, ChangeHandlerRewritingTheTextIsShownAndNotReportedAgain) {
+  form.txtName.onChange = [&] {
+    form.log.push_back("txtName.Change:" + Narrow(form.txtName.Text()));
+    form.txtName.SetText(vd::automation::UCase(form.txtName.Text()));
+  };
+  script.Then("type", [&] { PostChars(Win(form.txtName), u"a"); })
+      .WaitFor("the text", [&] { return form.Count("txtName.KeyPress:97") == 1; })
+      .Then("check", [&] {
+        EXPECT_EQ(form.Events({"txtName.Change"}), (Log{"txtName.Change:a", "txtName.Change:A"}));
+        EXPECT_EQ(WindowText(Win(form.txtName)), u"A");
+      });
+  script.Run();
+}
+
+TEST_F(DialogTest, PickingAComboEntryClicksOnceWithoutDropDown) {
+  script
+      .Then("pick",
+            [&] {
+              SendMessageW(Win(form.cboType), CB_SETCURSEL, 3, 0);
+              SendCommand(Win(form.cboType), CBN_SELCHANGE);
+            })
+      .Then("check", [&] {
+        EXPECT_EQ(form.cboType.ListIndex(), 3);
+        EXPECT_EQ(form.Events({"cboType.Click", "cboType.DropDown"}), Log{"cboType.Click:Float"});
+        EXPECT_EQ(form.ActiveControl(), &form.cboType);
+      });
+  script.Run();
+}
+
+TEST_F(DialogTest, OpeningTheListRaisesDropDown) {
+  script.Then("open", [&] { SendMessageW(Win(form.cboType), CB_SHOWDROPDOWN, TRUE, 0); })
+      .Then("close", [&] { SendMessageW(Win(form.cboType), CB_SHOWDROPDOWN, FALSE, 0); })
+      .Then("check", [&] {
+        EXPECT_EQ(form.Events({"cboType.DropDown", "cboType.Click"}), Log{"cboType.DropDown"});
+      });
+  script.Run();
+}
+
+TEST_F(DialogTest, TypingIntoAnEditableComboRaisesChange) {
+  script
+      .Then("focus and type",
+            [&] {
+              SetFocus(Win(form.cboFind));
+              COMBOBOXINFO parts{};
+              parts.cbSize = sizeof(parts);
+              GetComboBoxInfo(Win(form.cboFind), &parts);
+              PostChars(parts.hwndItem, u"Le");
+            })
+      .WaitFor("the text", [&] { return form.cboFind.Text() == u"Le"; })
+      .Then("check", [&] {
+        EXPECT_EQ(form.Events({"cboFind.Change"}), (Log{"cboFind.Change:L", "cboFind.Change:Le"}));
+        EXPECT_EQ(form.cboFind.ListIndex(), -1);
+        EXPECT_EQ(WindowText(Win(form.cboFind)), u"Le");
+      });
+  script.Run();
+}
+
+TEST_F(DialogTest, FocusMovedInTheWindowsRaisesLostFocusThenGotFocus) {
+  script.Then("focus", [&] { SetFocus(Win(form.treItems)); })
+      .Then("focus again", [&] { SetFocus(Win(form.cboType)); })
+      .Then("check", [&] {
+        EXPECT_EQ(form.log, (Log{"txtName.GotFocus", "txtName.LostFocus", "treItems.GotFocus", "treItems.LostFocus",
+                                 "cboType.GotFocus"}));
+        EXPECT_EQ(form.ActiveControl(), &form.cboType);
+      });
+  script.Run();
+}
+
+TEST_F(DialogTest, ClicksOnALabelRaiseItsClickAndDblClick) {
+  form.lblName.onClick = [&] { form.log.push_back("lblName.Click"); };
+  form.lblName.onDblClick = [&] { form.log.push_back("lblName.DblClick"); };
+  script.Then("click",
+              [&] {
+                PostMouseClick(Win(form.lblName), {5, 5});
+              })
+      .Then("check the click", [&] { EXPECT_EQ(form.Events({"lblName.Click"}), Log{"lblName.Click"}); })
+      .Then("double click",
+            [&] {
+              PostMouseDoubleClick(Win(form.lblName), {5, 5});
+            })
+      .Then("check", [&] {
+        // The double click's first press is a click; its second, click then DblClick.
+        EXPECT_EQ(form.Events({"lblName.Click", "lblName.DblClick"}),
+                  (Log{"lblName.Click", "lblName.Click", "lblName.Click", "lblName.DblClick"}));
+        EXPECT_EQ(form.ActiveControl(), &form.txtName) << "a label takes no focus";
+      });
+  script.Run();
+}
+
+TEST_F(DialogTest, CloseBoxUnloadsTheFormAndEndsTheShow) {
+  script.Then("close", [&] { PostMessageW(script.Dialog(), WM_SYSCOMMAND, SC_CLOSE, 0); });
+  script.Run();
+  EXPECT_EQ(form.Count("Form.Unload"), 1u);
+  EXPECT_FALSE(form.Visible());
+  EXPECT_FALSE(form.Loaded());
+  EXPECT_EQ(form.NativeHandle(), nullptr);
+}
+
+TEST_F(DialogTest, CloseBoxCancelledInUnloadKeepsTheDialog) {
+  form.cancelUnload = true;
+  script.Then("close", [&] { PostMessageW(script.Dialog(), WM_SYSCOMMAND, SC_CLOSE, 0); }).Then("check", [&] {
+    EXPECT_EQ(form.Count("Form.Unload"), 1u);
+    EXPECT_TRUE(IsWindowVisible(script.Dialog()));
+    EXPECT_TRUE(form.Visible());
+  });
+  script.Run();
+}
+
+}  // namespace
+}  // namespace vd::win32::views::testing

@@ -1,0 +1,152 @@
+// The user's mouse and keys on the tree's window reach the tree's entry
+// points: NodeClick, Collapse, Expand, DblClick, MouseMove and its pointer.
+#include <string>
+#include <vector>
+
+#include "dialog_test.h"
+#include "views/control_lookup.h"
+
+namespace vd::win32::views::testing {
+namespace {
+
+using Log = std::vector<std::string>;
+const std::vector<std::string> kTreeEvents{"treItems.NodeClick", "treItems.Click", "treItems.DblClick",
+                                           "treItems.Collapse", "treItems.Expand"};
+
+TEST_F(DialogTest, ClickOnANodeSelectsItAndRaisesNodeClickOnce) {
+  script.Then("click", [&] { PostMouseClick(Tree(), NodePoint(SampleForm::VarKey(1, 2))); }).Then("check", [&] {
+    EXPECT_EQ(form.Events(kTreeEvents), (Log{"treItems.NodeClick:1:2", "treItems.Click"}));
+    EXPECT_EQ(form.treItems.SelectedItem()->Key(), u"1:2");
+    EXPECT_EQ(TreeSelection(Tree()), Item(SampleForm::VarKey(1, 2)));
+    EXPECT_EQ(form.ActiveControl(), &form.treItems);
+  });
+  script.Run();
+}
+
+TEST_F(DialogTest, ClickOnTheSelectedNodeRaisesNodeClickAgain) {
+  script.Then("click", [&] { PostMouseClick(Tree(), NodePoint(SampleForm::DsKey(2))); })
+      .Then("click again", [&] { PostMouseClick(Tree(), NodePoint(SampleForm::DsKey(2))); })
+      .Then("check", [&] {
+        EXPECT_EQ(form.Events(kTreeEvents), (Log{"treItems.NodeClick:_Source2", "treItems.Click",
+                                                 "treItems.NodeClick:_Source2", "treItems.Click"}));
+      });
+  script.Run();
+}
+
+TEST_F(DialogTest, ArrowKeySelectsTheNextNodeAsAClick) {
+  script
+      .Then("select by code",
+            [&] {
+              Node(SampleForm::VarKey(1, 4))->SetSelected(true);
+              SetFocus(Tree());
+              PostKey(Tree(), VK_DOWN);
+            })
+      .Then("check", [&] {
+        EXPECT_EQ(form.Events(kTreeEvents), (Log{"treItems.NodeClick:1:5", "treItems.Click"}));
+        EXPECT_EQ(form.treItems.SelectedItem()->Key(), u"1:5");
+      });
+  script.Run();
+}
+
+TEST_F(DialogTest, MinusSignCollapsesTheNodeAndTakesTheSelectionFromBelowIt) {
+  POINT minus{};
+  script.Then("select a variable", [&] { Node(SampleForm::VarKey(2, 3))->SetSelected(true); })
+      .Then("click the minus sign",
+            [&] {
+              ASSERT_TRUE(TreeButtonPoint(Tree(), Item(SampleForm::DsKey(2)), minus));
+              PostMouseClick(Tree(), minus);
+            })
+      .Then("check", [&] {
+        EXPECT_FALSE(Node(SampleForm::DsKey(2))->Expanded());
+        EXPECT_EQ(TreeItemState(Tree(), Item(SampleForm::DsKey(2))) & TVIS_EXPANDED, 0u);
+        EXPECT_EQ(form.treItems.SelectedItem()->Key(), SampleForm::DsKey(2));
+        EXPECT_EQ(TreeSelection(Tree()), Item(SampleForm::DsKey(2)));
+        EXPECT_EQ(form.Events(kTreeEvents), Log{"treItems.Collapse:_Source2"});
+        EXPECT_EQ(TreeItemImage(Tree(), Item(SampleForm::DsKey(2))), 1);  // the closed picture again
+      });
+  script.Run();
+}
+
+TEST_F(DialogTest, PlusSignExpandsTheNode) {
+  POINT plus{};
+  script
+      .Then("click the plus sign",
+            [&] {
+              ASSERT_TRUE(TreeButtonPoint(Tree(), Item(SampleForm::DsKey(3)), plus));
+              PostMouseClick(Tree(), plus);
+            })
+      .Then("check", [&] {
+        EXPECT_TRUE(Node(SampleForm::DsKey(3))->Expanded());
+        EXPECT_EQ(form.Events(kTreeEvents), Log{"treItems.Expand:_Source3"});
+      });
+  script.Run();
+}
+
+TEST_F(DialogTest, LeftArrowOnAnExpandedNodeCollapsesIt) {
+  script
+      .Then("select and press",
+            [&] {
+              Node(SampleForm::DsKey(1))->SetSelected(true);
+              SetFocus(Tree());
+              PostKey(Tree(), VK_LEFT);
+            })
+      .Then("check", [&] {
+        EXPECT_FALSE(Node(SampleForm::DsKey(1))->Expanded());
+        EXPECT_EQ(form.Events(kTreeEvents), Log{"treItems.Collapse:_Source1"});
+      });
+  script.Run();
+}
+
+TEST_F(DialogTest, DoubleClickRaisesDblClickAndLeavesTheExpansion) {
+  script.Then("double click", [&] { PostMouseDoubleClick(Tree(), NodePoint(SampleForm::DsKey(1))); })
+      .Then("check", [&] {
+        // The first click, then the double click: its click first, then DblClick.
+        EXPECT_EQ(form.Events(kTreeEvents),
+                  (Log{"treItems.NodeClick:_Source1", "treItems.Click", "treItems.NodeClick:_Source1", "treItems.Click",
+                       "treItems.DblClick"}));
+        EXPECT_TRUE(Node(SampleForm::DsKey(1))->Expanded());
+        EXPECT_NE(TreeItemState(Tree(), Item(SampleForm::DsKey(1))) & TVIS_EXPANDED, 0u);
+      });
+  script.Run();
+}
+
+TEST_F(DialogTest, MouseMoveNamesTheNodeUnderItAndShowsTheTreesPointer) {
+  const HCURSOR noDrop = LoadCursorW(nullptr, IDC_NO);
+  script.Then("move over a data source", [&] { PostMouseMove(Tree(), NodePoint(SampleForm::DsKey(1))); })
+      .Then("check the pointer",
+            [&] {
+              EXPECT_EQ(form.Events({"treItems.MouseMove"}), Log{"treItems.MouseMove:0:0:_Source1"});
+              EXPECT_EQ(form.treItems.MousePointer(), vd::forms::vbNoDrop);
+              SendMessageW(Tree(), WM_SETCURSOR, reinterpret_cast<WPARAM>(Tree()), MAKELPARAM(HTCLIENT, WM_MOUSEMOVE));
+              EXPECT_EQ(GetCursor(), noDrop);
+            })
+      .Then("move over a variable", [&] { PostMouseMove(Tree(), NodePoint(SampleForm::VarKey(1, 1))); })
+      .Then("check again",
+            [&] {
+              EXPECT_EQ(form.Events({"treItems.MouseMove"}).back(), "treItems.MouseMove:0:0:1:1");
+              EXPECT_EQ(form.treItems.MousePointer(), vd::forms::vbDefault);
+              SendMessageW(Tree(), WM_SETCURSOR, reinterpret_cast<WPARAM>(Tree()), MAKELPARAM(HTCLIENT, WM_MOUSEMOVE));
+              EXPECT_NE(GetCursor(), noDrop);
+            })
+      .Then("move where there is no node",
+            [&] {
+              RECT client{};
+              GetClientRect(Tree(), &client);
+              PostMouseMove(Tree(), {client.right - 5, client.bottom - 5});
+            })
+      .Then("check nothing", [&] { EXPECT_EQ(form.Events({"treItems.MouseMove"}).back(), "treItems.MouseMove:0:0:"); });
+  script.Run();
+}
+
+TEST_F(DialogTest, HitTestOfTheFormAsksTheWindow) {
+  script.Then("check", [&] {
+    const POINT at = NodePoint(SampleForm::VarKey(2, 5));
+    const vd::forms::NodeRef node = form.treItems.HitTest(static_cast<float>(at.x * 15), static_cast<float>(at.y * 15));
+    ASSERT_TRUE(node);
+    EXPECT_EQ(node->Key(), u"2:5");
+  });
+  script.Run();
+}
+
+}  // namespace
+}  // namespace vd::win32::views::testing

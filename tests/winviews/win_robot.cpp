@@ -1,0 +1,191 @@
+#include "win_robot.h"
+
+#include <cstring>
+#include <vector>
+
+#include "views/control_lookup.h"
+#include "views/wide_text.h"
+
+namespace vd::win32::views::testing {
+
+void PostClick(HWND button) { PostMessageW(button, BM_CLICK, 0, 0); }
+
+void PostChars(HWND window, const String& text) {
+  for (const char16_t c : text) PostMessageW(window, WM_CHAR, c, 1);
+}
+
+void PostKey(HWND window, UINT virtualKey, bool shift, bool ctrl) {
+  BYTE keys[256];
+  GetKeyboardState(keys);
+  keys[VK_SHIFT] = shift ? 0x80 : 0;
+  keys[VK_CONTROL] = ctrl ? 0x80 : 0;
+  SetKeyboardState(keys);
+  PostMessageW(window, WM_KEYDOWN, virtualKey, 1);
+  PostMessageW(window, WM_KEYUP, virtualKey, static_cast<LPARAM>(0xC0000001u));
+}
+
+void ReleaseModifiers() {
+  BYTE keys[256];
+  GetKeyboardState(keys);
+  keys[VK_SHIFT] = 0;
+  keys[VK_CONTROL] = 0;
+  SetKeyboardState(keys);
+}
+
+void PostMouseClick(HWND window, POINT at) {
+  PostMessageW(window, WM_LBUTTONDOWN, MK_LBUTTON, MAKELPARAM(at.x, at.y));
+  PostMessageW(window, WM_LBUTTONUP, 0, MAKELPARAM(at.x, at.y));
+}
+
+void PostMouseDoubleClick(HWND window, POINT at) {
+  PostMouseClick(window, at);
+  PostMessageW(window, WM_LBUTTONDBLCLK, MK_LBUTTON, MAKELPARAM(at.x, at.y));
+  PostMessageW(window, WM_LBUTTONUP, 0, MAKELPARAM(at.x, at.y));
+}
+
+void PostMouseMove(HWND window, POINT at) { PostMessageW(window, WM_MOUSEMOVE, 0, MAKELPARAM(at.x, at.y)); }
+
+void SendCommand(HWND control, WORD code) {
+  SendMessageW(GetParent(control), WM_COMMAND, MAKEWPARAM(GetDlgCtrlID(control), code),
+               reinterpret_cast<LPARAM>(control));
+}
+
+namespace {
+struct OwnedSearch {
+  HWND owner;
+  HWND found = nullptr;
+};
+BOOL CALLBACK MatchOwned(HWND window, LPARAM lParam) {
+  auto& search = *reinterpret_cast<OwnedSearch*>(lParam);
+  wchar_t className[32];
+  GetClassNameW(window, className, 32);
+  if (GetWindow(window, GW_OWNER) != search.owner || !IsWindowVisible(window) ||
+      std::wcscmp(className, L"#32770") != 0 || !PublishedName(window).empty())
+    return TRUE;
+  search.found = window;
+  return FALSE;
+}
+BOOL CALLBACK MatchIcon(HWND window, LPARAM lParam) {
+  if ((GetWindowLongPtrW(window, GWL_STYLE) & SS_TYPEMASK) != SS_ICON) return TRUE;
+  *reinterpret_cast<HICON*>(lParam) = reinterpret_cast<HICON>(SendMessageW(window, STM_GETICON, 0, 0));
+  return FALSE;
+}
+}  // namespace
+
+HWND FindOwnedDialog(HWND owner) {
+  OwnedSearch search{owner};
+  EnumThreadWindows(GetCurrentThreadId(), MatchOwned, reinterpret_cast<LPARAM>(&search));
+  return search.found;
+}
+
+String MessageBoxText(HWND box) { return WindowText(GetDlgItem(box, 0xFFFF)); }
+
+HICON MessageBoxIcon(HWND box) {
+  HICON icon = nullptr;
+  EnumChildWindows(box, MatchIcon, reinterpret_cast<LPARAM>(&icon));
+  return icon;
+}
+
+RECT PlaceInParent(HWND control) {
+  RECT place{};
+  GetWindowRect(control, &place);
+  MapWindowPoints(nullptr, GetParent(control), reinterpret_cast<POINT*>(&place), 2);
+  return place;
+}
+
+String TreeItemText(HWND tree, HTREEITEM item) {
+  wchar_t text[260] = {};
+  TVITEMW query{};
+  query.mask = TVIF_TEXT;
+  query.hItem = item;
+  query.pszText = text;
+  query.cchTextMax = 260;
+  SendMessageW(tree, TVM_GETITEMW, 0, reinterpret_cast<LPARAM>(&query));
+  return FromWide(text);
+}
+
+UINT TreeItemState(HWND tree, HTREEITEM item) {
+  return static_cast<UINT>(SendMessageW(tree, TVM_GETITEMSTATE, reinterpret_cast<WPARAM>(item), 0xFFFF));
+}
+
+int TreeItemImage(HWND tree, HTREEITEM item) {
+  TVITEMW query{};
+  query.mask = TVIF_IMAGE;
+  query.hItem = item;
+  SendMessageW(tree, TVM_GETITEMW, 0, reinterpret_cast<LPARAM>(&query));
+  return query.iImage;
+}
+
+HTREEITEM TreeChild(HWND tree, HTREEITEM item) {
+  return reinterpret_cast<HTREEITEM>(
+      SendMessageW(tree, TVM_GETNEXTITEM, item == nullptr ? TVGN_ROOT : TVGN_CHILD, reinterpret_cast<LPARAM>(item)));
+}
+
+HTREEITEM TreeNext(HWND tree, HTREEITEM item) {
+  return reinterpret_cast<HTREEITEM>(SendMessageW(tree, TVM_GETNEXTITEM, TVGN_NEXT, reinterpret_cast<LPARAM>(item)));
+}
+
+HTREEITEM TreeSelection(HWND tree) {
+  return reinterpret_cast<HTREEITEM>(SendMessageW(tree, TVM_GETNEXTITEM, TVGN_CARET, 0));
+}
+
+bool TreeButtonPoint(HWND tree, HTREEITEM item, POINT& point) {
+  SendMessageW(tree, TVM_ENSUREVISIBLE, 0, reinterpret_cast<LPARAM>(item));
+  RECT text{};
+  std::memcpy(&text, &item, sizeof(item));
+  if (SendMessageW(tree, TVM_GETITEMRECT, TRUE, reinterpret_cast<LPARAM>(&text)) == FALSE) return false;
+  for (int x = text.left - 1; x >= 0; --x) {
+    TVHITTESTINFO hit{};
+    hit.pt = {x, (text.top + text.bottom) / 2};
+    const auto found = reinterpret_cast<HTREEITEM>(SendMessageW(tree, TVM_HITTEST, 0, reinterpret_cast<LPARAM>(&hit)));
+    if (found == item && (hit.flags & TVHT_ONITEMBUTTON) != 0) {
+      point = hit.pt;
+      return true;
+    }
+  }
+  return false;
+}
+
+String ComboEntry(HWND combo, int index) {
+  const auto length = SendMessageW(combo, CB_GETLBTEXTLEN, static_cast<WPARAM>(index), 0);
+  if (length < 0) return String();
+  std::vector<wchar_t> text(static_cast<size_t>(length) + 1);
+  SendMessageW(combo, CB_GETLBTEXT, static_cast<WPARAM>(index), reinterpret_cast<LPARAM>(text.data()));
+  return FromWide(text.data());
+}
+
+String StatusText(HWND statusBar) {
+  wchar_t text[512] = {};
+  SendMessageW(statusBar, SB_GETTEXTW, 0, reinterpret_cast<LPARAM>(text));  // a simple bar answers for any part
+  return FromWide(text);
+}
+
+namespace {
+BOOL CALLBACK MatchToolTip(HWND window, LPARAM lParam) {
+  wchar_t className[64];
+  GetClassNameW(window, className, 64);
+  if (std::wcscmp(className, TOOLTIPS_CLASSW) != 0) return TRUE;
+  auto& found = *reinterpret_cast<std::pair<HWND, HWND>*>(lParam);
+  if (GetWindow(window, GW_OWNER) != found.first) return TRUE;
+  found.second = window;
+  return FALSE;
+}
+}  // namespace
+
+String ToolTipText(HWND dialog, HWND tool) {
+  std::pair<HWND, HWND> search{dialog, nullptr};
+  EnumThreadWindows(GetCurrentThreadId(), MatchToolTip, reinterpret_cast<LPARAM>(&search));
+  if (search.second == nullptr) return u"(no tooltip window)";
+  wchar_t text[1024] = {};
+  TTTOOLINFOW info{};
+  info.cbSize = TTTOOLINFOW_V2_SIZE;
+  info.hwnd = dialog;
+  info.uId = reinterpret_cast<UINT_PTR>(tool);
+  info.lpszText = text;
+  SendMessageW(search.second, TTM_GETTEXTW, 1024, reinterpret_cast<LPARAM>(&info));
+  return FromWide(text);
+}
+
+std::string Narrow(const String& text) { return vd::automation::ToUtf8(text); }
+
+}  // namespace vd::win32::views::testing

@@ -1,0 +1,48 @@
+#pragma once
+// Real Win32 input for the dialogs under test, posted so that it goes through
+// the message loop as the user's would.
+#include <windows.h>
+// after windows.h
+#include <commctrl.h>
+
+#include <string>
+
+#include "vd/automation/string.h"
+
+namespace vd::win32::views::testing {
+
+using vd::automation::String;
+
+void PostClick(HWND button);
+void PostChars(HWND window, const String& text);
+// A key with the Shift and Ctrl states the loop will see (until ReleaseModifiers).
+void PostKey(HWND window, UINT virtualKey, bool shift = false, bool ctrl = false);
+void ReleaseModifiers();
+void PostMouseClick(HWND window, POINT at);
+void PostMouseDoubleClick(HWND window, POINT at);
+void PostMouseMove(HWND window, POINT at);
+// The command a control sends its parent, as if the control had sent it.
+void SendCommand(HWND control, WORD code);
+
+// The message box (or other standard dialog) owned by owner, nullptr when none.
+HWND FindOwnedDialog(HWND owner);
+String MessageBoxText(HWND box);
+// The icon the message box shows, nullptr when none.
+HICON MessageBoxIcon(HWND box);
+
+// A control's rectangle in its parent's client coordinates.
+RECT PlaceInParent(HWND control);
+String TreeItemText(HWND tree, HTREEITEM item);
+UINT TreeItemState(HWND tree, HTREEITEM item);
+int TreeItemImage(HWND tree, HTREEITEM item);
+HTREEITEM TreeChild(HWND tree, HTREEITEM item);  // item nullptr: the first top-level item
+HTREEITEM TreeNext(HWND tree, HTREEITEM item);
+HTREEITEM TreeSelection(HWND tree);
+// The plus or minus sign of an item, scrolled into view, found by hit-testing leftwards from its text.
+bool TreeButtonPoint(HWND tree, HTREEITEM item, POINT& point);
+String ComboEntry(HWND combo, int index);
+String StatusText(HWND statusBar);
+String ToolTipText(HWND dialog, HWND tool);
+std::string Narrow(const String& text);
+
+}  // namespace vd::win32::views::testing
