@@ -1,12 +1,22 @@
 #include "component/windows_platform.h"
 
 #include "vd/automation/number_parser_win32.h"
+#include "vd/forms/form.h"
+#include "win32/services/open_file_dialog.h"
 
 namespace vd::win32 {
 
-WindowsPlatform::WindowsPlatform() { automation::InstallWindowsNumberParser(); }
+WindowsPlatform::WindowsPlatform() {
+  // The file dialog the system describes is the ANSI one.
+  ui_.SetOpenFileHandler(&services::ShowOpenFileNameDialog);
+  modalHost_.SetDialogKeys(u"frmFindDialog", {u"OKButton", u"CancelButton"});
+  forms::Form::SetDefaultModalHost(&modalHost_);
+  automation::InstallWindowsNumberParser();
+}
 
-WindowsPlatform::~WindowsPlatform() = default;
+WindowsPlatform::~WindowsPlatform() {
+  if (forms::Form::DefaultModalHost() == &modalHost_) forms::Form::SetDefaultModalHost(nullptr);
+}
 
 WindowsPlatform& TheWindowsPlatform() {
   static WindowsPlatform instance;

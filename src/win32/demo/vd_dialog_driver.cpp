@@ -4,7 +4,8 @@
 // tests use it to end a run the way a user ends it.
 //
 //   vd_dialog_driver CAPTION STEP...
-//     wait                 the dialog with this caption is shown and its tree filled
+//     wait                 the dialog with this caption is shown, its tree filled and
+//                          every window of it painted
 //     node KEY             mouse button down and up on the text of the tree node with this key
 //     enabled NAME yes|no  the control with this name is (not) enabled
 //     click NAME           presses the button with this name (BM_CLICK)
@@ -13,9 +14,10 @@
 // Every step prints "driver: STEP: ok" or "driver: STEP: FAILED (why)"; the
 // first failure ends the program with exit code 1. Every wait polls the
 // windows' state for at most VD_DRIVER_TIMEOUT_MS (default 60000) ms.
+#include <windows.h>
+
 #include <commctrl.h>
 #include <shellapi.h>
-#include <windows.h>
 
 #include <cstdio>
 #include <cstdlib>
@@ -101,7 +103,19 @@ class Driver {
       const HWND tree = Control(L"treDataSources");
       return tree != nullptr && IsWindowVisible(tree) && Ask(tree, TVM_GETCOUNT) > 0;
     });
-    return shown ? "" : "no dialog with a filled tree appeared";
+    if (!shown) return "no dialog with a filled tree appeared";
+    return WaitUntilIdle() ? "" : "the dialog's program does not answer";
+  }
+
+  // The dialog's program has handled what was waiting for it and painted
+  // every window of the dialog: the paint messages are sent to it now, and a
+  // message that goes through its queue answers only once it got there.
+  bool WaitUntilIdle() const {
+    const HWND dialog = Dialog();
+    if (dialog == nullptr) return false;
+    RedrawWindow(dialog, nullptr, nullptr, RDW_UPDATENOW | RDW_ALLCHILDREN);
+    DWORD_PTR answer = 0;
+    return SendMessageTimeoutW(dialog, WM_NULL, 0, 0, SMTO_ABORTIFHUNG, Timeout(), &answer) != 0;
   }
 
   std::string Gone() {
