@@ -63,7 +63,8 @@ HTREEITEM TreeMirror::ItemOf(const Node& node) const {
 
 NodeRef TreeMirror::NodeOf(HTREEITEM handle) const {
   const Item* item = handle != nullptr ? Find(handle) : nullptr;
-  return item != nullptr ? item->node->shared_from_this() : nullptr;
+  // The collection holds the shared reference; a node's index leads to it in constant time.
+  return item != nullptr ? tree_.Nodes().Item(item->node->Index()) : nullptr;
 }
 
 NodeRef TreeMirror::FirstTopLevel() const {

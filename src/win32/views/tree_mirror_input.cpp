@@ -93,7 +93,7 @@ void TreeMirror::UserExpanded(const NMTREEVIEWW& change) {
   Item* item = Find(change.itemNew.hItem);
   if (item == nullptr) return;
   item->expanded = (change.itemNew.state & TVIS_EXPANDED) != 0;
-  const NodeRef node = item->node->shared_from_this();
+  const NodeRef node = NodeOf(item->handle);
   if ((change.action & TVE_COLLAPSE) != 0) {
     host_.UserAction([&] { tree_.UserCollapse(node); });
   } else if ((change.action & TVE_EXPAND) != 0) {
