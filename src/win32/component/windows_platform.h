@@ -29,7 +29,7 @@ class WindowsPlatform {
   services::WindowsRegistry registry_;
   platform::StdFileService files_;
   // Every service the system asks for, by reference to the members above.
-  platform::Services services_{.ui = ui_};
+  platform::Services services_{.ui = ui_, .registry = registry_, .files = files_};
 };
 
 // The process's platform, built at the first call.

@@ -19,11 +19,13 @@
 #include "expose/toolkit_exposers.h"
 #include "forwarding_dispatch.h"
 #include "platform/services.h"
+#include "platform/std_file_service.h"
 #include "recording_sink.h"
 #include "server/var_desk_ui_object.h"
 #include "vd/forms/testing/scripted_ui_services.h"
 #include "vd/forms/testing/test_driver.h"
 #include "vd/sample/sample_file.h"
+#include "win32/services/windows_registry.h"
 
 namespace vd::testhost {
 namespace {
@@ -41,11 +43,13 @@ constexpr char kDisplay[] = R"({ "dataSources": [
       { "name": "Turbidity", "type": "Double", "access": 1 },
       { "name": "Dose", "type": "Double" } ] } ] })";
 
-// The services of a headless run: the scripted UI answers, the rest comes
-// with the platform.
+// The services of a headless run: the scripted UI answers, the registry and
+// the files are the machine's own.
 struct HeadlessPlatform {
   forms::testing::ScriptedUiServices ui;
-  platform::Services services{.ui = ui};
+  win32::services::WindowsRegistry registry;
+  platform::StdFileService files;
+  platform::Services services{.ui = ui, .registry = registry, .files = files};
 };
 
 struct SystemFixture {
