@@ -1,7 +1,7 @@
 #!/usr/bin/env bash
 # Checks a built component DLL: its PE machine type, the standard exports, the
-# embedded type library, and that it imports only system DLLs (no MinGW
-# runtime DLL beside it). Prints one "ok - ..." / "FAIL - ..." line per check;
+# embedded type library and common-controls manifest, and that it imports only
+# system DLLs (no MinGW runtime DLL beside it). Prints one "ok - ..." / "FAIL - ..." line per check;
 # exits non-zero when one fails.
 #   scripts/check-dll.sh build/win64/bin/VarDeskGUI.dll x86-64
 #   scripts/check-dll.sh build/win32/bin/VarDeskGUI.dll i386
@@ -43,6 +43,14 @@ if LC_ALL=C grep -qaP 'T\x00Y\x00P\x00E\x00L\x00I\x00B\x00' "$rsrc" && LC_ALL=C 
   ok "embeds its type library"
 else
   bad "embeds its type library"
+fi
+
+# The common-controls manifest as resource 2 of type 24 (RT_MANIFEST): its
+# assembly name inside the resource section.
+if LC_ALL=C grep -qa 'Microsoft.Windows.Common-Controls' "$rsrc"; then
+  ok "embeds its common-controls manifest"
+else
+  bad "embeds its common-controls manifest"
 fi
 
 system_dlls='^(kernel32|user32|gdi32|advapi32|ole32|oleaut32|msvcrt|comctl32|comdlg32|shell32|shlwapi|uxtheme|version|ucrtbase)\.dll$'

@@ -1,10 +1,12 @@
 #!/usr/bin/env bash
 # The Windows tests under Wine. Checks both component DLLs, then in a fresh
-# Wine prefix: runs the C++ test host (loads the DLL unregistered), registers
-# the component per machine with regsvr32 and runs the VBScript scenarios with
-# Wine's cscript, unregisters it, and registers it per user. The 32-bit build
-# runs the same way where 32-bit Wine is installed. Ends with
-# "wine: N passed, M failed" and exits non-zero when anything failed.
+# Wine prefix on a virtual screen (Xvfb): runs the C++ test host (loads the DLL
+# unregistered), runs the demo host's dialog with the window-message driver as
+# the user (DLL beside it), registers the component per machine with regsvr32,
+# runs the VBScript scenarios with Wine's cscript and the demo host's editing
+# runs, unregisters it, and registers it per user. The 32-bit build runs the
+# same way where 32-bit Wine is installed. Ends with "wine: N passed, M failed"
+# and exits non-zero when anything failed.
 set -uo pipefail
 cd "$(dirname "$0")/.."
 root=$PWD
@@ -35,29 +37,25 @@ echo "== DLL checks"
 tally "check" < <(bash scripts/check-dll.sh build/win64/bin/VarDeskGUI.dll x86-64)
 tally "check" < <(bash scripts/check-dll.sh build/win32/bin/VarDeskGUI.dll i386)
 
-# The 64-bit loader: Debian's 'wine' script needs wine32 to pick it itself.
-if [[ -x /usr/lib/wine/wine64 ]]; then
-  wine64=/usr/lib/wine/wine64
-else
-  wine64=$(command -v wine64 || command -v wine)
-fi
+source scripts/wine-session.sh  # WINE: the 64-bit loader
+wine64=$WINE
 wine32=
 if [[ -x /usr/lib/wine/wine && -e /usr/lib/i386-linux-gnu/wine/i386-windows/kernel32.dll ]]; then
   wine32=/usr/lib/wine/wine
 fi
 
-export WINEPREFIX=$root/build/wine-prefix WINEARCH=win64 WINEDEBUG=-all WINELOADER=$wine64
+# The dialog runs need a screen: always a virtual one (Xvfb), never the
+# user's. Wine picks its display driver when the prefix's desktop starts, so
+# the screen is there before the first Wine program.
+trap wine_session_end EXIT
 unset DISPLAY
-echo "== fresh Wine prefix $WINEPREFIX"
-wineserver -k >/dev/null 2>&1
-rm -rf "$WINEPREFIX"
+wine_session_screen own && ok "a virtual screen for the dialog runs ($DISPLAY)" || bad "a virtual screen for the dialog runs"
+echo "== fresh Wine prefix $root/build/wine-prefix"
 started=$(date +%s.%N)
-"$wine64" wineboot -i >/dev/null 2>&1
-wineserver -p  # keep one server for the whole run
-trap 'wineserver -k >/dev/null 2>&1' EXIT
+wine_session_prefix "$root/build/wine-prefix" fresh
+prefix_ok=$?
 prefix_time=$(seconds_since "$started")
-[[ -d $WINEPREFIX/drive_c/windows/system32 ]] && ok "a fresh Wine prefix is created (${prefix_time} s)" \
-  || bad "a fresh Wine prefix is created"
+((prefix_ok == 0)) && ok "a fresh Wine prefix is created (${prefix_time} s)" || bad "a fresh Wine prefix is created"
 
 cscript_first=
 cscript_times=()
@@ -79,13 +77,14 @@ expect_value() {  # label loader sysdir key name expected
   if [[ $got == "$6" ]]; then ok "$1"; else bad "$1: got '$got', expected '$6'"; fi
 }
 
-run_host_tests() {  # arch loader bin
-  local arch=$1 loader=$2 bin=$3 xml=$out_dir/host-$1.xml output summary tests failures errors
+# run_gtest_program ARCH LOADER BIN PROGRAM LABEL: a GoogleTest program of BIN, counted test by test.
+run_gtest_program() {
+  local arch=$1 loader=$2 bin=$3 program=$4 label=$5 xml=$out_dir/${4%.exe}-$1.xml output summary tests failures errors
   rm -f "$xml"
-  output=$(cd "$bin" && "$loader" vd_wine_host_tests.exe --gtest_brief=1 "--gtest_output=xml:$(winpath "$xml")" 2>&1)
+  output=$(cd "$bin" && "$loader" "$program" --gtest_brief=1 "--gtest_output=xml:$(winpath "$xml")" 2>&1)
   summary=$(grep -m1 -o '<testsuites [^>]*' "$xml" 2>/dev/null)
   if [[ -z $summary ]]; then
-    bad "$arch: the C++ test host ran"
+    bad "$arch: the $label ran"
     echo "$output" | tail -n 20
     return
   fi
@@ -94,7 +93,7 @@ run_host_tests() {  # arch loader bin
   errors=$(sed -n 's/.* errors="\([0-9]*\)".*/\1/p' <<<"$summary")
   passed=$((passed + tests - failures - errors))
   failed=$((failed + failures + errors))
-  echo "ok - [$arch host] $((tests - failures - errors)) of $tests GoogleTest tests passed"
+  echo "ok - [$arch $label] $((tests - failures - errors)) of $tests GoogleTest tests passed"
   ((failures + errors == 0)) || echo "$output" | tr -d '\r' | grep -E '^\[  FAILED  \]|Failure|Expected|Which is|actual' | head -n 60
 }
 
@@ -118,6 +117,58 @@ run_scenario() {  # arch loader sysdir name
   fi
 }
 
+# demo_run ARCH LOADER BIN LABEL EXPECTED HOST-ARGS... -- DRIVER-ARGS...
+# Runs the demo host over the plant sample while the driver acts as the user
+# with window messages; EXPECTED is the host's whole output, lines joined with "|".
+demo_run() {
+  local arch=$1 loader=$2 bin=$3 label=$4 expected=$5
+  shift 5
+  local host_args=() driver_args=() out=$out_dir/demo-$1-$4.txt host driven got
+  while (($#)) && [[ $1 != -- ]]; do host_args+=("$1"); shift; done
+  (($#)) && shift
+  driver_args=("$@")
+  (cd "$bin" && timeout 120 "$loader" vd_demo_host.exe "$(winpath "$root/samples/plant.json")" "${host_args[@]}" \
+    2>/dev/null | tr -d '\r' >"$out") &
+  host=$!
+  driven=$(cd "$bin" && VD_DRIVER_TIMEOUT_MS=60000 timeout 120 "$loader" vd_dialog_driver.exe "${driver_args[@]}" \
+    2>/dev/null | tr -d '\r')
+  if grep -q FAILED <<<"$driven" || [[ -z $driven ]]; then
+    bad "$arch demo: $label: the driver acted as the user"
+    echo "$driven" | tail -n 3
+    (cd "$bin" && VD_DRIVER_TIMEOUT_MS=5000 "$loader" vd_dialog_driver.exe "${driver_args[0]}" close >/dev/null 2>&1)
+  fi
+  wait "$host"
+  got=$(paste -sd '|' "$out")
+  if [[ $got == "$expected" ]]; then
+    ok "$arch demo: $label"
+  else
+    bad "$arch demo: $label: got '$got', expected '$expected'"
+  fi
+}
+
+run_demos() {  # arch loader bin registered(yes|no)
+  local arch=$1 loader=$2 bin=$3 origin dynamics="Data Selection for Dynamics"
+  if [[ $4 == yes ]]; then
+    origin="component: registered class VarDeskGUI.VarDeskUI"
+    demo_run "$arch" "$loader" "$bin" "an editing run closed without edits is not modified" \
+      "$origin|run: editing|modified: no" -- "Data Selection" wait enabled dbClose yes click dbClose gone
+    demo_run "$arch" "$loader" "$bin" "the close box ends an editing run" \
+      "$origin|run: editing|modified: no" -- "Data Selection" wait close gone
+    return
+  fi
+  origin="component: $(winpath "$bin/VarDeskGUI.dll") (not registered)"
+  demo_run "$arch" "$loader" "$bin" "OK after picking a variable returns that variable" \
+    "$origin|run: selection (context 1, type 501, rows 0, cols 0)|selected: Operator_Entries / SP_LT201_High_m|modified: no" \
+    --select 1 501 0 0 -- "$dynamics" wait node 3:1 enabled dbOK yes click dbOK gone
+  demo_run "$arch" "$loader" "$bin" "Close returns none, also after picking a variable" \
+    "$origin|run: selection (context 1, type 501, rows 0, cols 0)|selected: none|modified: no" \
+    --select 1 501 0 0 -- "$dynamics" wait node 3:1 click dbClose gone
+  demo_run "$arch" "$loader" "$bin" "a text variable leaves OK disabled under the numeric filter" \
+    "$origin|run: selection (context 2, type 501, rows 0, cols 0)|selected: Operator_Entries / SP_LT201_Low_m|modified: no" \
+    --select 2 501 0 0 -- "Data Selection for Input Objects" wait node 3:1 enabled dbOK yes node 1:4 enabled dbOK no \
+    node 3:2 enabled dbOK yes click dbOK gone
+}
+
 run_arch() {  # arch loader sysdir bin platform
   local arch=$1 loader=$2 sysdir=$3 bin=$root/$4 platform=$5
   local dll bridge started classes='HKLM\Software\Classes' user='HKCU\Software\Classes'
@@ -127,7 +178,15 @@ run_arch() {  # arch loader sysdir bin platform
   local regsvr32="C:\\windows\\$sysdir\\regsvr32.exe"
 
   echo "== $arch: C++ test host"
-  run_host_tests "$arch" "$loader" "$bin"
+  run_gtest_program "$arch" "$loader" "$bin" vd_wine_host_tests.exe "C++ test host"
+
+  echo "== $arch: Win32 views on the virtual screen"
+  mkdir -p "$root/build/artifacts"
+  VD_WINVIEWS_SCREENSHOT="/usr/bin/import -display $DISPLAY -window root $root/build/artifacts/winviews-dialog-$arch.png" \
+    run_gtest_program "$arch" "$loader" "$bin" vd_winviews_tests.exe "views tests"
+
+  echo "== $arch: demo host, DLL beside it, the user played by window messages"
+  run_demos "$arch" "$loader" "$bin" no
 
   echo "== $arch: registration per machine"
   started=$(date +%s.%N)
@@ -153,6 +212,9 @@ run_arch() {  # arch loader sysdir bin platform
   for name in registered adapters events; do
     run_scenario "$arch" "$loader" "$sysdir" "$name"
   done
+
+  echo "== $arch: demo host, registered component"
+  run_demos "$arch" "$loader" "$bin" yes
 
   echo "== $arch: unregistration"
   "$loader" "$regsvr32" /s /u "$dll" && ok "$arch: regsvr32 /u succeeds" || bad "$arch: regsvr32 /u succeeds"
@@ -192,7 +254,7 @@ else
   echo "32-bit: built and checked, not run (no 32-bit Wine)"
 fi
 
-wineserver -k >/dev/null 2>&1
+wine_session_end
 trap - EXIT
 warm=${cscript_times[*]:-}
 echo "figures: fresh prefix ${prefix_time} s; regsvr32 ${regsvr32_time:-?} s; first cscript run ${cscript_first:-?} s;" \

@@ -36,7 +36,8 @@ class UiCore {
   std::function<void(automation::ObjectRef&)> onEditCustomDsv;
 };
 
-// The core every new VarDeskUI COM object gets.
+// The core every new VarDeskUI COM object gets (the component's library
+// defines it; see component/default_ui_core.cpp).
 std::unique_ptr<UiCore> MakeDefaultUiCore();
 
 }  // namespace vd::win32

@@ -46,17 +46,6 @@ VarDeskUIObject::~VarDeskUIObject() {
   events_.DisconnectAll();
 }
 
-HRESULT VarDeskUIObject::Create(REFIID iid, void** out) {
-  if (!out) return E_POINTER;
-  *out = nullptr;
-  try {
-    ComPtr<_VarDeskUI> object = CreateWithCore(MakeDefaultUiCore());
-    return object->QueryInterface(iid, out);
-  } catch (...) {
-    return ReportError(ErrorFromCurrentException(), kSource, IID__VarDeskUI);
-  }
-}
-
 ComPtr<_VarDeskUI> VarDeskUIObject::CreateWithCore(std::unique_ptr<UiCore> core) {
   return ComPtr<_VarDeskUI>::Attach(new VarDeskUIObject(std::move(core)));
 }

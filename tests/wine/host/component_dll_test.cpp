@@ -2,6 +2,7 @@
 // DllGetClassObject, with DllCanUnloadNow telling when it may go.
 #include <gtest/gtest.h>
 
+#include <functional>
 #include <string>
 
 #include "VarDeskGUI.h"
@@ -10,7 +11,6 @@
 #include "com/library_handle.h"
 #include "com/unique_variant.h"
 #include "convert/error_convert.h"
-#include "server/unavailable_ui_core.h"
 
 namespace vd::testhost {
 namespace {
@@ -124,20 +124,35 @@ TEST_F(ComponentDllTest, CommunicationReadsAsNothingAfterItWasSet) {
   EXPECT_FALSE(read);
 }
 
-TEST_F(ComponentDllTest, DialogRunsFailWithRichErrorsUntilTheDialogIsBuiltIn) {
+// A run without a display fails while the dialog is prepared, before it
+// shows: the host gets error 91 with its description and source.
+TEST_F(ComponentDllTest, RunsWithoutADisplayFailWithRichErrorsBeforeTheDialogShows) {
   auto ui = Create<_VarDeskUI>(CLSID_VarDeskUI);
-  EXPECT_EQ(ui->EditDataSources(nullptr), E_NOTIMPL);
-  ComPtr<IErrorInfo> info;
-  ASSERT_EQ(GetErrorInfo(0, info.Put()), S_OK);
-  Bstr description;
-  Bstr source;
-  info->GetDescription(description.Put());
-  info->GetSource(source.Put());
-  EXPECT_EQ(description.ToString(), win32::UnavailableUiCore::kDescription);
-  EXPECT_EQ(source.ToString(), u"VarDeskGUI.VarDeskUI");
+  struct Case {
+    const char* what;
+    std::function<HRESULT()> run;
+  };
+  ComPtr<IDispatch> selected;
+  const Case cases[] = {
+      {"EditDataSources", [&] { return ui->EditDataSources(nullptr); }},
+      {"SelectDataVar", [&] { return ui->SelectDataVar(nullptr, 1, 501, 0, 0, selected.Put()); }},
+  };
+  for (const Case& c : cases) {
+    SCOPED_TRACE(c.what);
+    EXPECT_EQ(c.run(), static_cast<HRESULT>(0x800A005B));
+    ComPtr<IErrorInfo> info;
+    ASSERT_EQ(GetErrorInfo(0, info.Put()), S_OK);
+    Bstr description;
+    Bstr source;
+    info->GetDescription(description.Put());
+    info->GetSource(source.Put());
+    EXPECT_EQ(description.ToString(), u"Object variable or With block variable not set");
+    EXPECT_EQ(source.ToString(), u"VarDeskGUI.VarDeskUI");
+  }
+  EXPECT_FALSE(selected);
   VARIANT_BOOL modified = VARIANT_TRUE;
-  EXPECT_EQ(ui->IsModified(&modified), E_NOTIMPL);
-  EXPECT_EQ(modified, VARIANT_FALSE);
+  EXPECT_EQ(ui->IsModified(&modified), S_OK);
+  EXPECT_EQ(modified, VARIANT_FALSE) << "nothing was edited";
 }
 
 // The members in their order, by DISPID and name, as the type library says.

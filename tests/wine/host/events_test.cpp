@@ -17,6 +17,7 @@
 #include "expose/toolkit_exposers.h"
 #include "forwarding_dispatch.h"
 #include "memory_toolkit.h"
+#include "recording_sink.h"
 #include "server/var_desk_ui_object.h"
 #include "vd/automation/error.h"
 
@@ -47,51 +48,6 @@ class ScriptedCore final : public win32::UiCore {
   toolkit::CommunicationRef communication;
 };
 
-// A sink of __VarDeskUI that records the events and may replace the object.
-class Sink final : public IDispatch {
- public:
-  std::vector<DISPID> events;
-  std::vector<IDispatch*> seen;  // the object each event brought (not owned)
-  ComPtr<IDispatch> replacement;
-  HRESULT failWith = S_OK;
-
-  HRESULT STDMETHODCALLTYPE QueryInterface(REFIID iid, void** out) override {
-    if (IsEqualIID(iid, IID_IUnknown) || IsEqualIID(iid, IID_IDispatch) || IsEqualIID(iid, DIID___VarDeskUI)) {
-      *out = static_cast<IDispatch*>(this);
-      AddRef();
-      return S_OK;
-    }
-    *out = nullptr;
-    return E_NOINTERFACE;
-  }
-  ULONG STDMETHODCALLTYPE AddRef() override { return ++refs; }
-  ULONG STDMETHODCALLTYPE Release() override { return --refs; }  // owned by the test
-  HRESULT STDMETHODCALLTYPE GetTypeInfoCount(UINT* n) override {
-    *n = 0;
-    return S_OK;
-  }
-  HRESULT STDMETHODCALLTYPE GetTypeInfo(UINT, LCID, ITypeInfo**) override { return E_NOTIMPL; }
-  HRESULT STDMETHODCALLTYPE GetIDsOfNames(REFIID, LPOLESTR*, UINT, LCID, DISPID*) override { return E_NOTIMPL; }
-  HRESULT STDMETHODCALLTYPE Invoke(DISPID id, REFIID, LCID, WORD, DISPPARAMS* params, VARIANT*, EXCEPINFO* info,
-                                   UINT*) override {
-    events.push_back(id);
-    if (params->cArgs != 1 || params->rgvarg[0].vt != (VT_BYREF | VT_DISPATCH)) return DISP_E_TYPEMISMATCH;
-    IDispatch** slot = params->rgvarg[0].ppdispVal;
-    seen.push_back(*slot);
-    if (failWith != S_OK) {
-      info->scode = failWith;
-      info->bstrDescription = SysAllocString(L"The host refused");
-      return DISP_E_EXCEPTION;
-    }
-    if (replacement) {
-      if (*slot) (*slot)->Release();
-      *slot = ComPtr<IDispatch>(replacement).Detach();
-    }
-    return S_OK;
-  }
-  ULONG refs = 1;
-};
-
 struct Fixture {
   ScriptedCore* core = nullptr;
   ComPtr<_VarDeskUI> ui;
@@ -105,7 +61,7 @@ struct Fixture {
     EXPECT_TRUE(container);
     EXPECT_EQ(container->FindConnectionPoint(DIID___VarDeskUI, point.Put()), S_OK);
   }
-  DWORD Advise(Sink& sink) {
+  DWORD Advise(RecordingSink& sink) {
     DWORD cookie = 0;
     EXPECT_EQ(point->Advise(&sink, &cookie), S_OK);
     return cookie;
@@ -118,7 +74,7 @@ TEST(EventsTest, ASinkCanReplaceTheObjectPassedByReference) {
   auto strangerCounts = std::make_shared<LookupCounts>();
   ComPtr<IDispatch> hostsReplacement = Forward(win32::ExposeObject(display->list->items[2]).Get(),
                                                NameLookup::kGetIDsOfNames, GUID_NULL, strangerCounts);
-  Sink sink;
+  RecordingSink sink;
   sink.replacement = hostsReplacement;
   f.Advise(sink);
 
@@ -137,7 +93,7 @@ TEST(EventsTest, ASinkCanReplaceTheObjectPassedByReference) {
 TEST(EventsTest, TheObjectStaysWhenTheSinkLeavesIt) {
   Fixture f;
   auto display = MakePlantDisplay();
-  Sink sink;
+  RecordingSink sink;
   f.Advise(sink);
   automation::ObjectRef obj = display->list->items[1]->vars->items[0];
   const automation::Object* before = obj.get();
@@ -149,8 +105,8 @@ TEST(EventsTest, TheObjectStaysWhenTheSinkLeavesIt) {
 TEST(EventsTest, SinksAreCalledInOrderAndEachSeesTheObjectSoFar) {
   Fixture f;
   auto display = MakePlantDisplay();
-  Sink first;
-  Sink second;
+  RecordingSink first;
+  RecordingSink second;
   first.replacement = win32::ExposeObject(display->list->items[1]);
   f.Advise(first);
   f.Advise(second);
@@ -164,7 +120,7 @@ TEST(EventsTest, SinksAreCalledInOrderAndEachSeesTheObjectSoFar) {
 TEST(EventsTest, AnUnadvisedSinkHearsNothing) {
   Fixture f;
   auto display = MakePlantDisplay();
-  Sink sink;
+  RecordingSink sink;
   DWORD cookie = f.Advise(sink);
   EXPECT_EQ(f.point->Unadvise(cookie), S_OK);
   EXPECT_EQ(f.point->Unadvise(cookie), CONNECT_E_NOCONNECTION);
@@ -177,9 +133,9 @@ TEST(EventsTest, AnUnadvisedSinkHearsNothing) {
 TEST(EventsTest, ASinksErrorReachesTheRaiser) {
   Fixture f;
   auto display = MakePlantDisplay();
-  Sink failing;
+  RecordingSink failing;
   failing.failWith = static_cast<HRESULT>(0x800A0005);
-  Sink later;
+  RecordingSink later;
   f.Advise(failing);
   f.Advise(later);
   automation::ObjectRef obj = display->list->items[0];
@@ -196,7 +152,7 @@ TEST(EventsTest, ASinksErrorReachesTheRaiser) {
 TEST(EventsTest, EventsRaisedDuringAMethodReachTheSink) {
   Fixture f;
   auto display = MakePlantDisplay();
-  Sink sink;
+  RecordingSink sink;
   sink.replacement = win32::ExposeObject(display->list->items[2]);
   f.Advise(sink);
   automation::ObjectRef after;

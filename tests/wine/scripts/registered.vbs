@@ -6,8 +6,7 @@ Class ScriptComm
   End Sub
 End Class
 
-Const E_NOTIMPL = &H80004001
-Const kUnavailable = "The data browser dialog is not available in this build of VarDeskGUI"
+Const kObjectNotSet = "Object variable or With block variable not set"
 
 Dim ui, other, handler, d, r, modified, bridge
 Set ui = CreateObject("VarDeskGUI.VarDeskUI")
@@ -33,12 +32,13 @@ r = handler.SetSelectedVariable(Nothing)
 Check "SetSelectedVariable takes Nothing", IsEmpty(r)
 
 On Error Resume Next
-ui.EditDataSources d
-CheckError "EditDataSources without the dialog", E_NOTIMPL, kUnavailable
-Set r = ui.SelectDataVar(d, 1, 501, 0, 0)
-CheckError "SelectDataVar without the dialog", E_NOTIMPL, kUnavailable
+ui.EditDataSources Nothing
+CheckError "EditDataSources without a display", 91, kObjectNotSet
+Set r = ui.SelectDataVar(Nothing, 1, 501, 0, 0)
+CheckError "SelectDataVar without a display", 91, kObjectNotSet
 modified = ui.IsModified()
-CheckError "IsModified without the dialog", E_NOTIMPL, kUnavailable
+CheckError "IsModified before any run", 0, ""
+Check "IsModified is False before any edit", modified = False
 ui.NoSuchMember
 CheckError "an unknown member", 438, ""
 On Error Goto 0

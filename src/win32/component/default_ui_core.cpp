@@ -1,0 +1,24 @@
+// The one place that decides which core a new VarDeskUI COM object drives: the
+// system's own, over the process's Windows platform. Test programs that link
+// the server's code without this file bring cores of their own.
+#include "component/system_ui_core.h"
+#include "component/windows_platform.h"
+#include "convert/error_convert.h"
+#include "server/var_desk_ui_object.h"
+
+namespace vd::win32 {
+
+std::unique_ptr<UiCore> MakeDefaultUiCore() { return std::make_unique<SystemUiCore>(TheWindowsPlatform().Services()); }
+
+HRESULT VarDeskUIObject::Create(REFIID iid, void** out) {
+  if (!out) return E_POINTER;
+  *out = nullptr;
+  try {
+    ComPtr<_VarDeskUI> object = CreateWithCore(MakeDefaultUiCore());
+    return object->QueryInterface(iid, out);
+  } catch (...) {
+    return ReportError(ErrorFromCurrentException(), L"VarDeskGUI.VarDeskUI", IID__VarDeskUI);
+  }
+}
+
+}  // namespace vd::win32
