@@ -31,6 +31,7 @@ check txtDsvRows text "2"
 check txtDsvCols text "5"
 type txtDsvRows "3"
 type txtDsvCols "abc"
+screenshot vbs-panels-message.bmp
 answer msgbox "Invalid nummeric entry, 'abc'.  Entry must be a positive whole number." title "Data Selection" button OK
 check txtDsvCols text "5"
 type txtDsvRows "x1"

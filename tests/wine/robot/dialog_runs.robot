@@ -36,3 +36,14 @@ check node "_Scada2" selected
 screenshot vbs-dialog-runs.bmp
 click dbOK
 wait gone
+# 5. A selection run for data mapping: the host marked Pressure_bar, which
+#    comes selected with the mark taken off the names.
+wait form frmDataBrowser
+check caption "Data Selection for Data Mapping"
+check node "1:2" selected
+check node "_Tanks1" text "Tanks"
+check node "1:2" text "Pressure_bar"
+check txtDsvName text "Pressure_bar"
+check dbOK enabled
+click dbOK
+wait gone

@@ -1,7 +1,7 @@
 ' The registered component in its real dialog, a VBScript host, the robot
 ' (tests/wine/robot/dialog_runs.robot) as the user: selection runs ended by OK
-' and by Close, an editing run that renames a variable, and "More..." whose
-' event handler replaces the object it is handed.
+' and by Close, an editing run that renames a variable, "More..." whose event
+' handler replaces the object it is handed, and a variable the host marked.
 Class DsvEditor
   Public Calls
   Public Seen
@@ -26,6 +26,7 @@ Class ScriptComm
   End Sub
 End Class
 
+Const kMark = "0_ThIs_1_StRiNg_2_WiLl_3_NeVeR_4_eVeR_5_bE_6_uSeD_7_aS_8_a_9_nAmE_8_bY_7_THE_6_users543210"
 Dim ui, d, level, pressure, flow, r, handler, editor, bridge
 StartRobot "dialog_runs"
 Set ui = CreateObject("VarDeskGUI.VarDeskUI")
@@ -63,5 +64,12 @@ Check "the event carries the variable of the selected node", editor.Seen Is flow
 CheckEqual "the bridge relayed the event", bridge.EventsRelayed(), 1
 Check "OK returns the variable the panel showed, not the handler's replacement", r Is flow
 bridge.Disconnect
+
+d.List.DsItem(1).SetDsName kMark & "Tanks"
+pressure.SetDsvName kMark & "Pressure_bar"
+Set r = ui.SelectDataVar(d, 3, 500, 0, 0)
+Check "OK returns the variable the host marked", r Is pressure
+CheckEqual "the mark is taken off the data source's name", d.List.DsItem(1).GetDsName(), "Tanks"
+CheckEqual "the mark is taken off the variable's name", pressure.GetDsvName(), "Pressure_bar"
 
 Finish "dialog_runs"
