@@ -159,14 +159,15 @@ run_demos() {  # arch loader bin registered(yes|no)
     return
   fi
   origin="component: $(winpath "$bin/VarDeskGUI.dll") (not registered)"
+  # The variable panel's fill writes the shown variable's scope back: a run that showed one is modified.
   demo_run "$arch" "$loader" "$bin" "OK after picking a variable returns that variable" \
-    "$origin|run: selection (context 1, type 501, rows 0, cols 0)|selected: Operator_Entries / SP_LT201_High_m|modified: no" \
+    "$origin|run: selection (context 1, type 501, rows 0, cols 0)|selected: Operator_Entries / SP_LT201_High_m|modified: yes" \
     --select 1 501 0 0 -- "$dynamics" wait node 3:1 enabled dbOK yes click dbOK gone
   demo_run "$arch" "$loader" "$bin" "Close returns none, also after picking a variable" \
-    "$origin|run: selection (context 1, type 501, rows 0, cols 0)|selected: none|modified: no" \
+    "$origin|run: selection (context 1, type 501, rows 0, cols 0)|selected: none|modified: yes" \
     --select 1 501 0 0 -- "$dynamics" wait node 3:1 click dbClose gone
   demo_run "$arch" "$loader" "$bin" "a text variable leaves OK disabled under the numeric filter" \
-    "$origin|run: selection (context 2, type 501, rows 0, cols 0)|selected: Operator_Entries / SP_LT201_Low_m|modified: no" \
+    "$origin|run: selection (context 2, type 501, rows 0, cols 0)|selected: Operator_Entries / SP_LT201_Low_m|modified: yes" \
     --select 2 501 0 0 -- "Data Selection for Input Objects" wait node 3:1 enabled dbOK yes node 1:4 enabled dbOK no \
     node 3:2 enabled dbOK yes click dbOK gone
 }
