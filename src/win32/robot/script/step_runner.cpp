@@ -59,7 +59,9 @@ RunSummary StepRunner::Run(const std::vector<Step>& steps) {
       continue;
     }
     ++summary.failed;
-    print_(head + "FAILED (seen: " + seen + ")");
+    std::string failure = head;
+    failure.append("FAILED (seen: ").append(seen).append(")");
+    print_(failure);
     if (!stop) continue;
     summary.notRun = static_cast<int>(steps.size() - i - 1);
     print_("robot: stopped at line " + std::to_string(step.line) + "; " + std::to_string(summary.notRun) +
