@@ -56,7 +56,9 @@ wine_session_prefix() {
   wineserver -p 2>/dev/null || true  # one server for the session, unless one runs already
   local managed=Y reg=$WINEPREFIX/x11-managed.reg
   [[ -n $WINE_SESSION_OWN_SCREEN ]] && managed=N
-  printf 'REGEDIT4\r\n\r\n[HKEY_CURRENT_USER\\Software\\Wine\\X11 Driver]\r\n"Managed"="%s"\r\n' "$managed" >"$reg"
+  # A crash prints its backtrace and ends the program rather than wait in a dialog for a click.
+  printf 'REGEDIT4\r\n\r\n[HKEY_CURRENT_USER\\Software\\Wine\\X11 Driver]\r\n"Managed"="%s"\r\n\r\n%s\r\n%s\r\n' \
+    "$managed" '[HKEY_CURRENT_USER\Software\Wine\WineDbg]' '"ShowCrashDialog"=dword:00000000' >"$reg"
   "$WINE" regedit /S "$(wine_winpath "$reg")" >/dev/null 2>&1 || true
   [[ -d $WINEPREFIX/drive_c/windows/system32 ]]
 }

@@ -4,7 +4,8 @@
 # unregistered), runs the demo host's dialog with the window-message driver as
 # the user (DLL beside it), registers the component per machine with regsvr32,
 # runs the VBScript scenarios with Wine's cscript and the demo host's editing
-# runs, unregisters it, and registers it per user. The 32-bit build runs the
+# runs, lets the robot play the user in the real dialog (scripts/wine-robot.sh),
+# unregisters it, and registers it per user. The 32-bit build runs the
 # same way where 32-bit Wine is installed. Ends with "wine: N passed, M failed"
 # and exits non-zero when anything failed.
 set -uo pipefail
@@ -38,6 +39,7 @@ tally "check" < <(bash scripts/check-dll.sh build/win64/bin/VarDeskGUI.dll x86-6
 tally "check" < <(bash scripts/check-dll.sh build/win32/bin/VarDeskGUI.dll i386)
 
 source scripts/wine-session.sh  # WINE: the 64-bit loader
+source scripts/wine-robot.sh    # the robot as the user
 wine64=$WINE
 wine32=
 if [[ -x /usr/lib/wine/wine && -e /usr/lib/i386-linux-gnu/wine/i386-windows/kernel32.dll ]]; then
@@ -157,14 +159,15 @@ run_demos() {  # arch loader bin registered(yes|no)
     return
   fi
   origin="component: $(winpath "$bin/VarDeskGUI.dll") (not registered)"
+  # The variable panel's fill writes the shown variable's scope back: a run that showed one is modified.
   demo_run "$arch" "$loader" "$bin" "OK after picking a variable returns that variable" \
-    "$origin|run: selection (context 1, type 501, rows 0, cols 0)|selected: Operator_Entries / SP_LT201_High_m|modified: no" \
+    "$origin|run: selection (context 1, type 501, rows 0, cols 0)|selected: Operator_Entries / SP_LT201_High_m|modified: yes" \
     --select 1 501 0 0 -- "$dynamics" wait node 3:1 enabled dbOK yes click dbOK gone
   demo_run "$arch" "$loader" "$bin" "Close returns none, also after picking a variable" \
-    "$origin|run: selection (context 1, type 501, rows 0, cols 0)|selected: none|modified: no" \
+    "$origin|run: selection (context 1, type 501, rows 0, cols 0)|selected: none|modified: yes" \
     --select 1 501 0 0 -- "$dynamics" wait node 3:1 click dbClose gone
   demo_run "$arch" "$loader" "$bin" "a text variable leaves OK disabled under the numeric filter" \
-    "$origin|run: selection (context 2, type 501, rows 0, cols 0)|selected: Operator_Entries / SP_LT201_Low_m|modified: no" \
+    "$origin|run: selection (context 2, type 501, rows 0, cols 0)|selected: Operator_Entries / SP_LT201_Low_m|modified: yes" \
     --select 2 501 0 0 -- "Data Selection for Input Objects" wait node 3:1 enabled dbOK yes node 1:4 enabled dbOK no \
     node 3:2 enabled dbOK yes click dbOK gone
 }
@@ -216,6 +219,13 @@ run_arch() {  # arch loader sysdir bin platform
   echo "== $arch: demo host, registered component"
   run_demos "$arch" "$loader" "$bin" yes
 
+  echo "== $arch: the robot as the user"
+  robot_self_test "$arch" "$loader" "$bin"
+  robot_demos "$arch" "$loader" "$bin"
+  for name in dialog_runs dialog_panels; do
+    robot_scenario "$arch" "$loader" "$sysdir" "$bin" "$name"
+  done
+
   echo "== $arch: unregistration"
   "$loader" "$regsvr32" /s /u "$dll" && ok "$arch: regsvr32 /u succeeds" || bad "$arch: regsvr32 /u succeeds"
   "$loader" "$regsvr32" /s /u "$bridge"
@@ -256,6 +266,7 @@ fi
 
 wine_session_end
 trap - EXIT
+robot_screenshots
 warm=${cscript_times[*]:-}
 echo "figures: fresh prefix ${prefix_time} s; regsvr32 ${regsvr32_time:-?} s; first cscript run ${cscript_first:-?} s;" \
   "later cscript runs ${warm// / s, } s; whole run $(seconds_since "$run_started") s"

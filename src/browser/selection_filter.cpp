@@ -111,7 +111,8 @@ String frmDataBrowser::FindMarkedDsv(const toolkit::DsListRef& dataSources) {
   const toolkit::DsvListRef vars = marked->GetDsVars();
   const int16_t dsvCount = ToInteger(Obj(vars).DsvCount());
   for (int32_t j = 1; j <= dsvCount; ++j) {
-    toolkit::Dsv& dsv = Obj(vars->DsvItem(j));
+    const toolkit::DsvRef dsvRef = vars->DsvItem(j);  // an adapted variable lives only as long as its reference
+    toolkit::Dsv& dsv = Obj(dsvRef);
     const String name = dsv.GetDsvName();
     if (automation::StartsWith(name, marker)) {
       dsv.SetDsvName(name.substr(kMarkerLength));

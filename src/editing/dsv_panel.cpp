@@ -103,7 +103,9 @@ void frmDataBrowser::FillDsvPanel() {
 
 void frmDataBrowser::FillDsvTypeList(const toolkit::DsvRef& dsv) {
   PanelFilling = true;
-  toolkit::Ds& ds = Obj(Obj(dsList).DsItem(GetCurrentDsIndex()));
+  // Held for the whole fill: an adapted data source lives only as long as its reference.
+  const toolkit::DsRef dsRef = Obj(dsList).DsItem(GetCurrentDsIndex());
+  toolkit::Ds& ds = Obj(dsRef);
   cboDsvType.Clear();
   const auto add = [this](const TypeEntry& entry) {
     cboDsvType.AddItem(entry.text);

@@ -100,7 +100,6 @@ End Function
 Class TestDsv
   Public Name
   Public DsvType
-  Public Shape
   Public Rows
   Public Cols
   Public Scope
@@ -120,8 +119,15 @@ Class TestDsv
   Public Sub SetDsvType(v)
     DsvType = v
   End Sub
+  ' The shape follows the dimensions, as the toolkit keeps it.
   Public Function GetDsvShape()
-    GetDsvShape = Shape
+    If Rows >= 2 Then
+      GetDsvShape = 3
+    ElseIf Cols >= 2 Then
+      GetDsvShape = 2
+    Else
+      GetDsvShape = 1
+    End If
   End Function
   Public Function GetDsvRows()
     GetDsvRows = Rows
@@ -387,7 +393,6 @@ Function NewDsv(dsOwner, name, dsvType, value)
   Set v = New TestDsv
   v.Name = name
   v.DsvType = dsvType
-  v.Shape = 1
   v.Rows = 1
   v.Cols = 1
   v.Scope = 2

@@ -1,0 +1,32 @@
+' The data source and variable panels of the real dialog, a VBScript display
+' read back after the run: the robot (tests/wine/robot/dialog_panels.robot)
+' changes types, shapes, dimensions, scope, a constant's value and a name.
+Dim ui, d, tanks, level, flow, limits, highLimit
+StartRobot "dialog_panels"
+Set ui = CreateObject("VarDeskGUI.VarDeskUI")
+Set d = New TestDisplay
+Set d.List = New TestDsList
+Set tanks = NewDs(d.List, "Tanks", 6)
+Set level = NewDsv(tanks, "Level", 8, 1.5)
+level.Scope = 1
+Set flow = NewDsv(tanks, "Flow", 7, 0)
+Set limits = NewDs(d.List, "Limits", 3)
+Set highLimit = NewDsv(limits, "HighLimit", 7, 2.5)
+
+ui.EditDataSources d
+Check "IsModified after the panels' edits", ui.IsModified()
+CheckEqual "Level's type is Long", level.GetDsvType(), 5
+CheckEqual "Level's rows", level.GetDsvRows(), 3
+CheckEqual "Level's columns: the refused entry left them", level.GetDsvCols(), 5
+CheckEqual "Level is a matrix", level.GetDsvShape(), 3
+CheckEqual "Level is public", level.GetDsvScope(), 2
+CheckEqual "Flow's type is Text", flow.GetDsvType(), 9
+CheckEqual "Flow's rows", flow.GetDsvRows(), 1
+CheckEqual "Flow's length", flow.GetDsvCols(), 255
+CheckEqual "HighLimit's value: the refused entry left it", CDbl(highLimit.GetDsvValue()), 7.25
+CheckEqual "HighLimit's type", highLimit.GetDsvType(), 7
+CheckEqual "Tanks is renamed", tanks.GetDsName(), "Vessels"
+CheckEqual "Limits keeps its name", limits.GetDsName(), "Limits"
+CheckEqual "Tanks keeps its variables", tanks.GetDsVars().DsvCount(), 2
+
+Finish "dialog_panels"
