@@ -36,7 +36,8 @@ INSTANTIATE_TEST_SUITE_P(
     Steps, StepWithTarget,
     ::testing::Values(
         TargetCase{"wait form frmDataBrowser", StepKind::kWaitForm, "frmDataBrowser", ""},
-        TargetCase{"wait gone", StepKind::kWaitGone, "", ""}, TargetCase{"click dbOK", StepKind::kClick, "dbOK", ""},
+        TargetCase{"wait gone", StepKind::kWaitGone, "", ""}, TargetCase{"close", StepKind::kClose, "", ""},
+        TargetCase{"click dbOK", StepKind::kClick, "dbOK", ""},
         TargetCase{"click node \"_Plant_Constants4\"", StepKind::kClickNode, "_Plant_Constants4", ""},
         TargetCase{"click node 4:1", StepKind::kClickNode, "4:1", ""},
         TargetCase{"dblclick node \"1:2\"", StepKind::kDoubleClickNode, "1:2", ""},

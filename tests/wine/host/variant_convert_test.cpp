@@ -7,7 +7,7 @@
 #include "convert/object_convert.h"
 #include "convert/variant_convert.h"
 #include "dispatch/dispatch_holder.h"
-#include "memory_toolkit.h"
+#include "plant.h"
 #include "vd/automation/error.h"
 
 namespace vd::testhost {
@@ -158,7 +158,8 @@ TEST(VariantConvertTest, TwoDimensionalArraysAreATypeMismatch) {
 }
 
 TEST(VariantConvertTest, OwnObjectsGoOutAsDispatchAndComeBackAsThemselves) {
-  auto ds = MakePlantDisplay()->list->items[0];
+  auto display = MakePlant();
+  auto ds = display->DataSources()->Item(1);
   win32::UniqueVariant v = ToVariant(Variant(automation::ObjectRef(ds)));
   ASSERT_EQ(v.Type(), VT_DISPATCH);
   ASSERT_NE(v.Ref().pdispVal, nullptr);
@@ -169,7 +170,7 @@ TEST(VariantConvertTest, OwnObjectsGoOutAsDispatchAndComeBackAsThemselves) {
 }
 
 TEST(VariantConvertTest, ForeignObjectsComeInAsDispatchHoldersAndGoBackUnchanged) {
-  auto display = MakePlantDisplay();
+  auto display = MakePlant();
   win32::ComPtr<IDispatch> exposed = win32::DispatchFromObject(display);
   // A plain dispatch object stands for someone else's IDispatch.
   auto stranger = std::make_shared<win32::PlainDispatchObject>(exposed);

@@ -1,3 +1,6 @@
+# host: demo samples/plant.json
+# expect: run: editing
+# expect: modified: no
 # An editing run: OK and Edit are hidden, Close stands alone. Looking at data
 # sources changes nothing.
 wait form frmDataBrowser

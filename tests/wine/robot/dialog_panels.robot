@@ -1,3 +1,4 @@
+# host: vbs dialog_panels
 # The user in tests/wine/scripts/dialog_panels.vbs: an editing run that
 # changes a variable's type, shape, dimensions and scope, a text variable,
 # a constant's value and a data source's name, and meets the refusals.

@@ -1,3 +1,4 @@
+# host: vbs dialog_runs
 # The user in the runs of tests/wine/scripts/dialog_runs.vbs, in order.
 # 1. A selection run: OK on Level.
 wait form frmDataBrowser

@@ -1,3 +1,21 @@
+# host: target
+# expect: target: change txtValue "abc"
+# expect: target: change txtValue "x"
+# expect: target: change txtValue "xy"
+# expect: target: key 9
+# expect: target: change txtValue "box"
+# expect: target: box answered 1
+# expect: target: dropdown cboKind
+# expect: target: pick cboKind 2 "Text"
+# expect: target: click chkFlag checked
+# expect: target: select node 1:2
+# expect: target: select node 1:1
+# expect: target: double-click node 1:1
+# expect: target: key 114 shift
+# expect: target: key 70 ctrl
+# expect: target: click cmdHello
+# expect: target: hello answered 2
+# expect: target: click cmdHide
 # The robot's own test: every kind of step against the small target program.
 timeout 10000
 wait form frmTarget

@@ -270,9 +270,7 @@ Class TestDs
   Public Vars
   Public List
   Public Owner       ' the data source object the host sees
-  Public FailReading ' when set, GetDsName raises the error a broken source gives
   Public Function GetDsName()
-    If FailReading Then Err.Raise 1234, "TestDs", "The data source cannot be read"
     GetDsName = Name
   End Function
   Public Sub SetDsName(v)
@@ -371,7 +369,6 @@ Function NewDs(list, name, kind)
   ds.Name = name
   ds.DsType = kind
   ds.Ascii = False
-  ds.FailReading = False
   Set ds.List = list
   Set ds.Vars = New TestDsvList
   If kind = 105 Then
@@ -427,37 +424,4 @@ Function NewPlantDisplay()
   NewDsv customDs, "Valve", 9, 0
   Set memDs = NewDs(d.List, "Scratch", 6)
   Set NewPlantDisplay = d
-End Function
-
-Function ParamsText(params)
-  Dim i, t
-  t = "P="
-  For i = 1 To params.ParamCount()
-    If i > 1 Then t = t & ","
-    t = t & params.ParamItem(i).GetParamType() & ":" & CStr(params.ParamItem(i).GetParamValue())
-  Next
-  ParamsText = t
-End Function
-
-' The display read directly from the script's own objects, line for line in
-' the format of the harness's DescribeDisplay.
-Function DescribeOwnDisplay(d)
-  Dim t, i, j, ds, v, asciiText
-  t = ""
-  For i = 1 To d.List.DsCount()
-    Set ds = d.List.DsItem(i)
-    If ds.GetDsAscii() Then asciiText = "1" Else asciiText = "0"
-    t = t & "DS " & i & " " & ds.GetDsName() & "|" & ds.GetDsType() & "|" & asciiText
-    If ds.GetDsType() = 105 Then t = t & "|" & ParamsText(ds.GetParams())
-    t = t & vbLf
-    For j = 1 To ds.GetDsVars().DsvCount()
-      Set v = ds.GetDsVars().DsvItem(j)
-      t = t & "V " & i & "." & j & " " & v.GetDsvName() & "|" & v.GetDsvType() & "|" & v.GetDsvShape() & "|" & _
-          v.GetDsvRows() & "|" & v.GetDsvCols() & "|" & v.GetDsvScope() & "|" & CStr(CDbl(v.GetDsvValue())) & "|" & _
-          v.GetDsvUseCount() & "|" & v.GetDsvParent().GetDsName()
-      If ds.GetDsType() = 105 Then t = t & "|A=" & v.GetDsvAccess() & "|" & ParamsText(v.GetParams())
-      t = t & vbLf
-    Next
-  Next
-  DescribeOwnDisplay = t
 End Function

@@ -6,6 +6,7 @@
 //
 //   wait form NAME            the form's window is shown; later steps act on it
 //   wait gone                 the form's window has gone (hidden or destroyed)
+//   close                     the form's close box
 //   click NAME                presses a button (or clicks another control)
 //   click node KEY            clicks the text of the tree node with this key
 //   dblclick node KEY         double-clicks it

@@ -62,6 +62,10 @@ class LineReader {
     const std::string verb = Bare(0);
     if (verb == "wait") return Wait();
     if (verb == "click" || verb == "dblclick") return Click(verb == "dblclick");
+    if (verb == "close") {
+      step_.kind = StepKind::kClose;
+      return Expect(1, "close");
+    }
     if (verb == "type") return Type();
     if (verb == "key") return Key();
     if (verb == "pick") return Pick();

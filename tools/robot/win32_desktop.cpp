@@ -138,6 +138,10 @@ Look Win32Desktop::ReadyToAct(const Step& step) {
       const std::string problem = FormProblem();
       return problem.empty() ? Holds() : NotYet(problem);
     }
+    case StepKind::kClose: {
+      const std::string problem = InputProblem();
+      return problem.empty() ? Holds() : NotYet(problem);
+    }
     case StepKind::kKey: {
       const std::string problem = InputProblem();
       if (!problem.empty()) return NotYet(problem);
@@ -187,6 +191,11 @@ ActResult Win32Desktop::Act(const Step& step) {
       break;
     case StepKind::kWaitGone:
       progress_.reset();
+      break;
+    case StepKind::kClose:
+      // What the close box of the caption sends.
+      PostMessageW(form_, WM_SYSCOMMAND, SC_CLOSE, 0);
+      Mark(nullptr);
       break;
     case StepKind::kClick: {
       const HWND control = Control(step.target);
