@@ -4,9 +4,9 @@
 # build/demo-session (made once, then reused), with the demo host as the host.
 #   - With a $DISPLAY that answers: the dialog opens in a window; the run ends
 #     when you close it.
-#   - Without: on a virtual screen (Xvfb). The robot waits for the dialog,
-#     takes a screenshot (build/artifacts/demo-<display>.png) and clicks
-#     Close, so the run ends by itself.
+#   - Without: on a virtual screen (Xvfb). Once the robot sees the dialog, a
+#     screenshot goes to build/artifacts/demo-<display>.png, and the robot
+#     clicks Close, so the run ends by itself.
 # The host prints where the component came from and "modified: yes/no".
 #   scripts/demo.sh [DISPLAY.json]
 set -euo pipefail
@@ -42,20 +42,24 @@ fi
 
 artifacts=$root/build/artifacts
 mkdir -p "$artifacts"
-rm -f "$artifacts/demo-$name.png"
-script=$session/demo.robot
-printf '%s\n' 'wait form frmDataBrowser' "screenshot demo-$name.bmp" 'click dbClose' 'wait gone' >"$script"
-(cd "$bin" && timeout 300 "$WINE" vd_robot.exe --artifacts "$(wine_winpath "$artifacts")" \
-  "$(wine_winpath "$script")" >/dev/null 2>&1) &
-robot=$!
+screenshot=$artifacts/demo-$name.png
+rm -f "$screenshot"
+# The robot plays the user twice: it waits for the dialog (then the screen is
+# taken), and it clicks Close.
+robot() {
+  printf '%s\n' "$@" >"$session/demo.robot"
+  (cd "$bin" && timeout 300 "$WINE" vd_robot.exe "$(wine_winpath "$session/demo.robot")" >/dev/null 2>&1)
+}
+(cd "$bin" && timeout 300 "${host[@]}" 2>/dev/null | tr -d '\r') &
+demo=$!
 status=0
-(cd "$bin" && timeout 300 "${host[@]}" 2>/dev/null | tr -d '\r') || status=1
-wait "$robot" || { echo "the robot did not close the dialog"; status=1; }
-if convert "$artifacts/demo-$name.bmp" "$artifacts/demo-$name.png" 2>/dev/null; then
-  rm -f "$artifacts/demo-$name.bmp"
-  echo "screenshot: $artifacts/demo-$name.png"
+if robot 'wait form frmDataBrowser'; then
+  import -display "$DISPLAY" -window root "$screenshot"
+  robot 'wait form frmDataBrowser' 'click dbClose' 'wait gone' || status=1
 else
-  echo "no screenshot was taken"
+  echo "the dialog did not appear"
   status=1
 fi
+wait "$demo" || status=1
+if [[ -s $screenshot ]]; then echo "screenshot: $screenshot"; else echo "no screenshot was taken"; status=1; fi
 exit "$status"

@@ -14,8 +14,7 @@
 #                            the robot's failing steps are what the script shows
 # The robot (BIN/vd_robot.exe) plays the user from the script while the host
 # runs; it must pass every step unless the script has "# robot:" lines. A VBScript host runs with the helpers of tests/wine/scripts/lib; it
-# passes when it prints "END NAME" and no "FAIL - " line. Screenshots go to
-# build/artifacts as PNG.
+# passes when it prints "END NAME" and no "FAIL - " line.
 set -uo pipefail
 here=$(cd "$(dirname "$0")" && pwd)
 root=$(cd "$here/.." && pwd)
@@ -27,9 +26,8 @@ wine_session_use "${VD_WINE_SESSION:-$root/build/wine-run}" || exit 1
 name=$(basename "$file")
 name=${name%.*}
 work=$root/build/wine-scenarios/$name
-artifacts=$root/build/artifacts
 rm -rf "$work"
-mkdir -p "$work" "$artifacts"
+mkdir -p "$work"
 failures=0
 fail() { echo "FAIL - $*"; failures=$((failures + 1)); }
 # in_order WHO FILE LINE...: the lines are in FILE, in this order.
@@ -75,7 +73,7 @@ fi
 robot=
 if [[ $file == *.robot ]]; then
   (cd "$bin" && timeout 300 "$WINE" vd_robot.exe --log "$(wine_winpath "$work/robot.log")" \
-    --artifacts "$(wine_winpath "$artifacts")" "$(wine_winpath "$file")" </dev/null >/dev/null 2>&1) &
+    "$(wine_winpath "$file")" </dev/null >/dev/null 2>&1) &
   robot=$!
 fi
 (cd "$bin" && env "${envs[@]}" timeout 300 "${command[@]}" </dev/null >"$work/host.out" 2>"$work/host.err")
@@ -100,7 +98,4 @@ if [[ -n $vbs ]]; then
   grep -qx "END $vbs" "$work/host.txt" || fail "the script did not run to its end"
   grep -q '^FAIL - ' "$work/host.txt" && failures=$((failures + 1))
 fi
-for bitmap in "$artifacts"/*.bmp; do
-  [[ -e $bitmap ]] && convert "$bitmap" "${bitmap%.bmp}.png" 2>/dev/null && rm -f "$bitmap"
-done
 ((failures == 0))

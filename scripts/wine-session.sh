@@ -32,7 +32,7 @@ wine_session_attach() {
 _wine_session_quiet() { "$@" </dev/null >/dev/null 2>&1; }
 
 wine_session_start() {
-  local dir=$1 fresh= user= n word
+  local dir=$1 fresh= user= n= word
   for word in "${@:2}"; do
     case $word in fresh) fresh=yes ;; user-screen) user=yes ;; esac
   done
@@ -42,17 +42,15 @@ wine_session_start() {
   if [[ -n $user && -n ${DISPLAY:-} ]] && xdpyinfo >/dev/null 2>&1; then
     : >"$dir/xvfb.pid"
   else
-    for n in $(seq 90 190); do
-      [[ -e /tmp/.X$n-lock || -e /tmp/.X11-unix/X$n ]] || break
-    done
-    setsid Xvfb ":$n" -screen 0 1024x768x24 -nolisten tcp </dev/null >/dev/null 2>&1 &
+    # Xvfb picks a free display itself and names it once it answers.
+    rm -f "$dir/displayfd"
+    mkfifo "$dir/displayfd"
+    setsid Xvfb -displayfd 3 -screen 0 1024x768x24 -nolisten tcp 3>"$dir/displayfd" </dev/null >/dev/null 2>&1 &
     echo $! >"$dir/xvfb.pid"
+    read -r -t 30 n <"$dir/displayfd"
+    rm -f "$dir/displayfd"
+    [[ -n $n ]] || { echo "no virtual screen: Xvfb did not start" >&2; return 1; }
     export DISPLAY=:$n
-    for _ in $(seq 1 200); do  # the server answers within a few seconds
-      xdpyinfo >/dev/null 2>&1 && break
-      sleep 0.1
-    done
-    xdpyinfo >/dev/null 2>&1 || { echo "no virtual screen: Xvfb does not answer on $DISPLAY" >&2; return 1; }
   fi
   export WINEPREFIX=$dir/prefix
   [[ -n $fresh ]] && rm -rf "$WINEPREFIX"

@@ -1,6 +1,7 @@
 #pragma once
 // Real Win32 input for the dialogs under test, posted so that it goes through
-// the message loop as the user's would.
+// the message loop as the user's would (the robot's input, tools/robot), and
+// what the tests read back from the windows.
 #include <windows.h>
 // after windows.h
 #include <commctrl.h>

@@ -4,12 +4,10 @@
 
 #include <utility>
 
-#include "artifact_path.h"
 #include "background_send.h"
 #include "posted_input.h"
 #include "queue_marker.h"
 #include "remote_memory.h"
-#include "screen_capture.h"
 #include "views/control_lookup.h"
 #include "views/wide_text.h"
 #include "window_query.h"
@@ -36,7 +34,6 @@ enum class Stage {
   kDropping,    // a list is being dropped down
   kPicking,     // an entry of the list is being picked
   kBoxClosing,  // a message box is being answered
-  kCapturing,   // the form is being painted for a screenshot
 };
 
 struct Win32Desktop::Progress {
@@ -78,20 +75,9 @@ HWND TypingWindow(HWND control) {
   return nullptr;
 }
 
-RECT Union(HWND a, HWND b) {
-  RECT area{};
-  GetWindowRect(a, &area);
-  if (b != nullptr) {
-    RECT other{};
-    GetWindowRect(b, &other);
-    UnionRect(&area, &area, &other);
-  }
-  return area;
-}
-
 }  // namespace
 
-Win32Desktop::Win32Desktop(vd::robot::String artifacts) : artifacts_(std::move(artifacts)) {}
+Win32Desktop::Win32Desktop() = default;
 Win32Desktop::~Win32Desktop() = default;
 
 std::string Win32Desktop::FormProblem() const {
@@ -133,10 +119,6 @@ Look Win32Desktop::ReadyToAct(const Step& step) {
     case StepKind::kAnswer: {
       if (form_ == nullptr) return Never("no form yet: a 'wait form' step comes first");
       return Box() != nullptr ? Holds() : NotYet("no message box");
-    }
-    case StepKind::kScreenshot: {
-      const std::string problem = FormProblem();
-      return problem.empty() ? Holds() : NotYet(problem);
     }
     case StepKind::kClose: {
       const std::string problem = InputProblem();
@@ -264,14 +246,6 @@ ActResult Win32Desktop::Act(const Step& step) {
         return {ActOutcome::kDiffers, "text " + Quoted(Utf8(text)) + ", title " + Quoted(Utf8(title))};
       break;
     }
-    case StepKind::kScreenshot: {
-      constexpr UINT kRepaint = RDW_INVALIDATE | RDW_ERASE | RDW_FRAME | RDW_ALLCHILDREN | RDW_UPDATENOW;
-      RedrawWindow(form_, nullptr, nullptr, kRepaint);
-      if (const HWND box = Box()) RedrawWindow(box, nullptr, nullptr, kRepaint);
-      Mark(nullptr);
-      progress.stage = Stage::kCapturing;
-      break;
-    }
     default:
       return {ActOutcome::kFailed, "not an action"};
   }
@@ -370,14 +344,6 @@ Look Win32Desktop::Advance(const Step& step) {
       if (IsWindow(progress.box) && IsWindowVisible(progress.box)) return NotYet("the message box is still shown");
       if (!FormProblem().empty()) return Holds();
       return Mark(nullptr);
-
-    case Stage::kCapturing: {
-      if (!FormProblem().empty()) return Never(FormProblem());
-      if (!progress.marker->Reached()) return NotYet("the form is being painted");
-      const vd::robot::String path = vd::robot::PathUnder(artifacts_, step.target);
-      const std::string failure = CaptureToBitmapFile(Union(form_, Box()), path);
-      return failure.empty() ? Holds() : Never(failure + ": " + Utf8(path));
-    }
   }
   return Holds();
 }

@@ -91,18 +91,6 @@ TEST(EventsTest, ASinkCanReplaceTheObjectPassedByReference) {
   EXPECT_EQ(win32::DispatchFromObject(obj).Get(), hostsReplacement.Get());
 }
 
-TEST(EventsTest, TheObjectStaysWhenTheSinkLeavesIt) {
-  Fixture f;
-  auto display = MakePlant();
-  RecordingSink sink;
-  f.Advise(sink);
-  automation::ObjectRef obj = display->DataSources()->Item(2)->Variables()->Item(1);
-  const automation::Object* before = obj.get();
-  f.core->onEditCustomDsv(obj);
-  EXPECT_EQ(sink.events, std::vector<DISPID>{win32::kEditCustomDsvEvent});
-  EXPECT_EQ(obj.get(), before);
-}
-
 TEST(EventsTest, SinksAreCalledInOrderAndEachSeesTheObjectSoFar) {
   Fixture f;
   auto display = MakePlant();
@@ -148,24 +136,6 @@ TEST(EventsTest, ASinksErrorReachesTheRaiser) {
     EXPECT_EQ(e.Description(), u"The host refused");
   }
   EXPECT_TRUE(later.events.empty()) << "the first failure stops the event";
-}
-
-TEST(EventsTest, EventsRaisedDuringAMethodReachTheSink) {
-  Fixture f;
-  auto display = MakePlant();
-  RecordingSink sink;
-  sink.replacement = win32::ExposeObject(display->DataSources()->Item(3));
-  f.Advise(sink);
-  automation::ObjectRef after;
-  f.core->onEdit = [&](ScriptedCore& core, const toolkit::DisplayRef& d) {
-    automation::ObjectRef obj = d->GetDataSources()->DsItem(1);
-    core.onEditCustomDs(obj);
-    after = obj;
-  };
-  ComPtr<IDispatch> displayDispatch = win32::ExposeObject(display);
-  ASSERT_EQ(f.ui->EditDataSources(displayDispatch.Get()), S_OK);
-  EXPECT_EQ(sink.events.size(), 1u);
-  EXPECT_EQ(after.get(), display->DataSources()->Item(3).get());
 }
 
 TEST(EventsTest, TheContainerOffersExactlyTheEventInterface) {

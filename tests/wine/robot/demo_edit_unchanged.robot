@@ -16,6 +16,5 @@ check txtSize text "8"
 click node "_Plant_Constants4"
 check txtDsName text "Plant_Constants"
 check txtSize text "6"
-screenshot demo-editing.bmp
 click dbClose
 wait gone

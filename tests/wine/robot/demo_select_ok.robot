@@ -19,6 +19,5 @@ check dbOK disabled
 click node "4:1"  # Tank_T201_Volume_m3
 check dbOK enabled
 check txtDsvName text "Tank_T201_Volume_m3"
-screenshot demo-selection.bmp
 click dbOK
 wait gone

@@ -32,7 +32,6 @@ check txtDsvRows text "2"
 check txtDsvCols text "5"
 type txtDsvRows "3"
 type txtDsvCols "abc"
-screenshot vbs-panels-message.bmp
 answer msgbox "Invalid nummeric entry, 'abc'.  Entry must be a positive whole number." title "Data Selection" button OK
 check txtDsvCols text "5"
 type txtDsvRows "x1"
@@ -66,6 +65,5 @@ check fraDs visible
 check txtDsName text "Tanks"
 type txtDsName "Vessels"
 check node "_Tanks1" text "Vessels"
-screenshot vbs-panels.bmp
 click dbClose
 wait gone

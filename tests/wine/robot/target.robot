@@ -47,6 +47,5 @@ key F ctrl
 click cmdHello
 answer msgbox "Hello,\r\nrobot." title "Robot Target" button Cancel
 check no msgbox
-screenshot robot-target.bmp
 click cmdHide
 wait gone

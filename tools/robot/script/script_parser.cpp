@@ -70,7 +70,6 @@ class LineReader {
     if (verb == "key") return Key();
     if (verb == "pick") return Pick();
     if (verb == "answer") return Answer();
-    if (verb == "screenshot") return Screenshot();
     if (verb == "timeout") return Timeout();
     if (verb == "check") return Check();
     return "unknown step '" + words_[0].text + "'";
@@ -172,13 +171,6 @@ class LineReader {
     if (Bare(at) != "button" || !Has(at + 1)) return std::string("expected: ") + kUsage;
     step_.button = Text(at + 1);
     return Expect(at + 2, kUsage);
-  }
-
-  std::string Screenshot() {
-    if (!Has(1)) return "expected: screenshot PATH";
-    step_.kind = StepKind::kScreenshot;
-    step_.target = Text(1);
-    return Expect(2, "screenshot PATH");
   }
 
   std::string Timeout() {

@@ -18,7 +18,6 @@
 //   answer msgbox [TEXT] [title TEXT] button NAME
 //                             the form's message box: checks its text and
 //                             title, then presses the button
-//   screenshot PATH           a bitmap (.bmp) of the form's window
 //   timeout MILLISECONDS      how long later steps wait at most
 //   check caption TEXT        the form's caption
 //   check NAME enabled|disabled|visible|hidden|checked|unchecked|focused
