@@ -91,25 +91,6 @@ TEST(MemoryToolkitAddDs, GivesScadaDataSourcesTheirMarkerParameters) {
   EXPECT_EQ(other->AsCustom()->GetParams()->ParamCount(), 0);
 }
 
-TEST(MemoryToolkitCustom, OnlyCustomDataSourcesAndTheirVariablesExposeParameters) {
-  auto display = MemoryDisplay::Create();
-  auto list = display->DataSources();
-  for (int32_t k : {kind::kFile, kind::kConstant, kind::kMemory, kind::kCustom}) {
-    auto ds = list->AddDs(k, k == kind::kCustom ? u"Acme.Report" : u"");
-    auto dsv = ds->GetDsVars()->AddDsv();
-    const bool custom = k == kind::kCustom;
-    EXPECT_EQ(ds->AsCustom() != nullptr, custom) << k;
-    EXPECT_EQ(dsv->AsCustom() != nullptr, custom) << k;
-    if (custom) {
-      EXPECT_EQ(dsv->AsCustom()->GetParams()->ParamCount(), 0);
-      EXPECT_EQ(dsv->AsCustom()->GetDsvAccess(), 0);
-      list->Item(list->DsCount())->Variables()->Item(1)->SetAccess(1);
-      EXPECT_EQ(dsv->AsCustom()->GetDsvAccess(), 1);
-      EXPECT_EQ(dsv->AsCustom()->GetParams(), dsv->AsCustom()->GetParams()) << "one list per variable";
-    }
-  }
-}
-
 TEST(MemoryToolkitAddDsv, AppendsFreshlyNamedVariablesWithTheKindsDefaults) {
   const struct {
     int32_t kind;
@@ -324,54 +305,6 @@ TEST(MemoryToolkitVariables, DeriveTheShapeFromRowsAndColumns) {
     dsv->SetDsvCols(c.cols);
     EXPECT_EQ(dsv->GetDsvShape(), c.shape) << c.rows << "x" << c.cols;
   }
-}
-
-TEST(MemoryToolkitItems, RaiseErrorNineOutsideTheList) {
-  auto display = DisplayWith({u"a", u"b"});
-  auto vars = display->DataSources()->Item(1)->Variables();
-  vars->Add();
-  for (int32_t index : {0, -1, 3}) {
-    EXPECT_EQ(RaisedBy([&] { display->DataSources()->DsItem(index); }).number, automation::err::kSubscriptOutOfRange);
-  }
-  for (int32_t index : {0, 2}) {
-    EXPECT_EQ(RaisedBy([&] { vars->DsvItem(index); }).number, automation::err::kSubscriptOutOfRange);
-  }
-}
-
-TEST(MemoryToolkitFormats, OnlyFileDataSourcesHaveOne) {
-  auto list = MemoryDisplay::Create()->DataSources();
-  auto file = list->Add(kind::kFile, u"");
-  EXPECT_TRUE(file->GetDsAscii());
-  file->SetDsAscii(false);
-  EXPECT_FALSE(file->GetDsAscii());
-  for (int32_t k : {kind::kConstant, kind::kMemory}) {
-    auto ds = list->Add(k, u"");
-    EXPECT_FALSE(ds->GetDsAscii());
-    EXPECT_EQ(RaisedBy([&] { ds->SetDsAscii(true); }).number, automation::err::kInvalidProcedureCall);
-  }
-}
-
-TEST(MemoryToolkitLimits, RefuseDataSourcesAndVariablesBeyondThem) {
-  auto list = MemoryDisplay::Create(ToolkitLimits{2, 3})->DataSources();
-  auto ds = list->AddDs(kind::kMemory, u"");
-  EXPECT_NE(list->AddDs(kind::kFile, u""), nullptr);
-  EXPECT_EQ(list->AddDs(kind::kFile, u""), nullptr);
-  EXPECT_EQ(list->DsCount(), 2);
-  auto vars = ds->GetDsVars();
-  for (int i = 0; i < 3; ++i) EXPECT_NE(vars->AddDsv(), nullptr);
-  EXPECT_EQ(vars->AddDsv(), nullptr);
-  EXPECT_EQ(vars->DsvCount(), 3);
-}
-
-TEST(MemoryToolkitUseCounts, AreKeptPerVariableAndNeverNegative) {
-  auto vars = MemoryDisplay::Create()->DataSources()->Add(kind::kMemory, u"")->Variables();
-  auto a = vars->Add();
-  auto b = vars->Add();
-  a->SetUseCount(4);
-  EXPECT_EQ(a->GetDsvUseCount(), 4);
-  EXPECT_EQ(b->GetDsvUseCount(), 0);
-  EXPECT_EQ(RaisedBy([&] { b->SetUseCount(-1); }).number, automation::err::kInvalidProcedureCall);
-  EXPECT_EQ(b->GetDsvUseCount(), 0);
 }
 
 }  // namespace
