@@ -187,22 +187,6 @@ TEST(VarDeskUIErrorsTest, ALateBoundCallSeesTheAutomationNumberAndDescription) {
   SysFreeString(info.bstrSource);
 }
 
-TEST(VarDeskUIErrorsTest, AnEarlyBoundCallLeavesErrorInfo) {
-  Fixture f;
-  ComPtr<IDispatch> display = win32::ExposeObject(MakePlant());
-  ComPtr<IDispatch> selected;
-  EXPECT_EQ(f.ui->SelectDataVar(display.Get(), 99, 500, 0, 0, selected.Put()), static_cast<HRESULT>(0x800A0005));
-  EXPECT_FALSE(selected);
-  auto support = f.ui.As<ISupportErrorInfo>();
-  ASSERT_TRUE(support);
-  EXPECT_EQ(support->InterfaceSupportsErrorInfo(IID__VarDeskUI), S_OK);
-  ComPtr<IErrorInfo> info;
-  ASSERT_EQ(GetErrorInfo(0, info.Put()), S_OK);
-  win32::Bstr description;
-  info->GetDescription(description.Put());
-  EXPECT_EQ(description.ToString(), u"Invalid procedure call or argument");
-}
-
 TEST(VarDeskUITest, TheSelectedVariableGoesBackAsTheHostsObject) {
   Fixture f;
   auto display = MakePlant();
