@@ -39,11 +39,6 @@ void PostMouseDoubleClick(HWND window, POINT at) { robot::PostDoubleClick(window
 
 void PostMouseMove(HWND window, POINT at) { PostMessageW(window, WM_MOUSEMOVE, 0, MAKELPARAM(at.x, at.y)); }
 
-void SendCommand(HWND control, WORD code) {
-  SendMessageW(GetParent(control), WM_COMMAND, MAKEWPARAM(GetDlgCtrlID(control), code),
-               reinterpret_cast<LPARAM>(control));
-}
-
 namespace {
 BOOL CALLBACK MatchIcon(HWND window, LPARAM lParam) {
   if ((GetWindowLongPtrW(window, GWL_STYLE) & SS_TYPEMASK) != SS_ICON) return TRUE;

@@ -22,8 +22,6 @@ void ReleaseModifiers();
 void PostMouseClick(HWND window, POINT at);
 void PostMouseDoubleClick(HWND window, POINT at);
 void PostMouseMove(HWND window, POINT at);
-// The command a control sends its parent, as if the control had sent it.
-void SendCommand(HWND control, WORD code);
 
 // The message box (or other standard dialog) owned by owner, nullptr when none.
 HWND FindOwnedDialog(HWND owner);
