@@ -29,7 +29,7 @@ wine_session_attach() {
 }
 
 # Nothing the session starts keeps the caller's output open: CTest waits for it to close.
-_wine_session_quiet() { "$@" </dev/null >/dev/null 2>&1; }
+_wine_session_quiet() { "$@" </dev/null >/dev/null 2>&1 || true; }
 
 wine_session_start() {
   local dir=$1 fresh= user= n= word
@@ -70,7 +70,7 @@ wine_session_start() {
 
 wine_session_stop() {
   local dir=$1 pid=
-  [[ -d $dir/prefix ]] && WINEPREFIX=$dir/prefix wineserver -k >/dev/null 2>&1
+  [[ -d $dir/prefix ]] && { WINEPREFIX=$dir/prefix wineserver -k >/dev/null 2>&1 || true; }
   [[ -s $dir/xvfb.pid ]] && pid=$(<"$dir/xvfb.pid")
   if [[ -n $pid ]] && kill "$pid" 2>/dev/null; then
     for _ in $(seq 1 50); do kill -0 "$pid" 2>/dev/null || break; sleep 0.1; done
