@@ -7,7 +7,7 @@
 #   # host: demo ARGUMENTS   vd_demo_host.exe with these arguments (a path of
 #                            the source tree is handed over as Wine sees it)
 #   # host: vbs NAME         tests/wine/scripts/NAME.vbs under cscript
-#   # host: target           the robot's own target program, vd_robot_target.exe
+#   # host: target           the robot's own target: vd_winviews_tests.exe --robot-target
 #   # expect: TEXT           a line the host must print (several: in this order)
 #   # env: NAME=VALUE        an environment variable for the host
 #   # robot: TEXT            a line the robot must print (in order); with these
@@ -49,7 +49,7 @@ else
     case $line in
       '# host: demo '*) read -ra host <<<"${line#'# host: demo '}" ;;
       '# host: vbs '*) vbs=${line#'# host: vbs '} ;;
-      '# host: target') host=(vd_robot_target.exe) ;;
+      '# host: target') host=(vd_winviews_tests.exe --robot-target) ;;
       '# robot: '*) robot_lines+=("${line#'# robot: '}") ;;
       '# expect: '*) expects+=("${line#'# expect: '}") ;;
       '# env: '*) envs+=("${line#'# env: '}") ;;
