@@ -1,0 +1,50 @@
+# host: demo
+# env: VD_DEMO_AUDIT=1
+# expect: run: editing
+# expect: modified: yes
+# expect: display: changed
+# expect: scada calls: GetApplications, ValidateItem, ValidateItem, ValidateItem
+# The plant's SCADA frames in use: an application chosen from the list that
+# the simulated system gives, a blink period applied, a reference validated
+# (valid, unknown, invalid), applied by leaving the box, undone, and a swap
+# option stored at once.
+wait form frmDataBrowser
+click node "_Softening_Plant.custom8"
+check cmdTelvaneDsApply disabled
+pick cboTelvaneApplication "3 - SOFTENING"
+check cboTelvaneApplication text "3 - SOFTENING"
+check cmdTelvaneDsApply enabled
+type txtBlinkPeriod "750.4"
+click cmdTelvaneDsApply
+check txtBlinkPeriod text "750"
+click node "_Raw_Water_Station.custom6"
+click node "6:1"
+click cmdTelvaneDsvValidate
+answer msgbox "Object reference \"RW_P101:POV10\" is valid.\r\n\r\nCurrent value: \"1\"" title "Data Selection" button OK
+click node "6:7"
+click cmdTelvaneDsvValidate
+answer msgbox "Object reference \"RW_LT101:POV2\" is valid.\r\n\r\nCurrent value: \"<vector>\"" title "Data Selection" button OK
+click node "6:12"
+click cmdTelvaneDsvValidate
+answer msgbox "Could not validate object reference \"RW_P103:POV10\".\r\n\r\nGenerated OPC itemid: \\\\APL\\1\\P\\RW_P103\\10:OV" title "Data Selection" button OK
+type txtTelvaneObjectReference "rw_p104"
+check cmdTelvaneDsvApply enabled
+check cmdTelvaneDsvUndo enabled
+click cmdTelvaneDsvValidate
+answer msgbox "Invalid object reference: \"RW_P104\"" title "Data Selection" button OK
+click cmdTelvaneDsvUndo
+check txtTelvaneObjectReference text "RW_P103:POV10"
+check cmdTelvaneDsvUndo disabled
+type txtTelvaneObjectReference "rw_p104:pov10"
+key TAB
+check txtTelvaneObjectReference text "RW_P104:POV10"
+check cmdTelvaneDsvApply disabled
+click optTelvaneSwap12
+check optTelvaneSwap12 checked
+check cmdTelvaneDsvApply disabled
+click node "6:13"
+click node "6:12"
+check txtTelvaneObjectReference text "RW_P104:POV10"
+check optTelvaneSwap12 checked
+click dbClose
+wait gone
