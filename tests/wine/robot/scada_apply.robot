@@ -11,7 +11,15 @@
 wait form frmDataBrowser
 click node "_Softening_Plant.custom8"
 check cmdTelvaneDsApply disabled
-pick cboTelvaneApplication "3 - SOFTENING"
+# The list is loaded from the SCADA system when it drops down.
+click cboTelvaneApplication
+key F4
+check cboTelvaneApplication items "1 - RAWWATER|2 - CLEARWTR|3 - SOFTENING"
+# Each entry the arrow keys reach applies at once; the last one stays.
+key DOWN
+key DOWN
+key DOWN
+key ENTER
 check cboTelvaneApplication text "3 - SOFTENING"
 check cmdTelvaneDsApply enabled
 type txtBlinkPeriod "750.4"
@@ -46,5 +54,8 @@ click node "6:13"
 click node "6:12"
 check txtTelvaneObjectReference text "RW_P104:POV10"
 check optTelvaneSwap12 checked
+click node "_Softening_Plant.custom8"
+check cboTelvaneApplication text "3"
+check txtBlinkPeriod text "750"
 click dbClose
 wait gone
