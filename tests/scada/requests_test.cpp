@@ -1,4 +1,4 @@
-// The request layer to the SCADA system and the growing of parameter lists.
+// The request layer to the SCADA system.
 #include <functional>
 
 #include "browser_harness.h"
@@ -63,20 +63,6 @@ TEST(ApplicationPath, SendsTheThreeLineRequestAndPassesTheAnswerOn) {
       forms::vbCritical);
   EXPECT_EQ(sa::GetApplicationPath(probe, 3, ui), u"");
   EXPECT_EQ(ui.MessageBoxes().back().title, std::nullopt);
-}
-
-TEST(ParamCount, GrowsAListToTheCountAndNeverShrinksIt) {
-  auto d = DisplayFromJson(R"({ "dataSources": [ { "name": "S", "kind": "custom", "className": "X",
-      "params": [ { "type": "text", "value": "a" } ] } ] })");
-  const toolkit::DsRef ds = d->GetDataSources()->DsItem(1);
-  const toolkit::ParamListRef list = ds->AsCustom()->GetParams();
-  sa::EnsureDsParamCount(ds, 3);
-  EXPECT_EQ(list->ParamCount(), 3);
-  sa::EnsureParamCount(list, 2);
-  EXPECT_EQ(list->ParamCount(), 3);
-  sa::EnsureParamCount(list, 5);
-  EXPECT_EQ(list->ParamCount(), 5);
-  EXPECT_EQ(list->ParamItem(1)->GetParamValue().AsString(), u"a");
 }
 
 }  // namespace

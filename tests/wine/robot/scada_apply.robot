@@ -3,10 +3,10 @@
 # expect: run: editing
 # expect: modified: yes
 # expect: display: changed
-# expect: scada calls: GetApplications, ValidateItem, ValidateItem, ValidateItem
+# expect: scada calls: GetApplications
 # The plant's SCADA frames in use: an application chosen from the list that
-# the simulated system gives, a blink period applied, a reference validated
-# (valid, unknown, invalid), applied by leaving the box, undone, and a swap
+# the simulated system gives, a blink period applied, an invalid reference
+# refused and undone, a reference applied by leaving the box, and a swap
 # option stored at once.
 wait form frmDataBrowser
 click node "_Softening_Plant.custom8"
@@ -25,16 +25,14 @@ check cmdTelvaneDsApply enabled
 type txtBlinkPeriod "750.4"
 click cmdTelvaneDsApply
 check txtBlinkPeriod text "750"
+# A typed number applies at once and rewrites the item ids of the variables.
+click node "_Clear_Water_Tanks.custom7"
+type cboTelvaneApplication "4"
+click node "7:1"
+click lblObjectReference
+answer msgbox "Current itemID: \t\\\\APL\\4\\P\\CW_LT201\\1:OV\r\nStored itemID: \t\\\\APL\\4\\P\\CW_LT201\\1:OV" title "Data Selection" button OK
 click node "_Raw_Water_Station.custom6"
-click node "6:1"
-click cmdTelvaneDsvValidate
-answer msgbox "Object reference \"RW_P101:POV10\" is valid.\r\n\r\nCurrent value: \"1\"" title "Data Selection" button OK
-click node "6:7"
-click cmdTelvaneDsvValidate
-answer msgbox "Object reference \"RW_LT101:POV2\" is valid.\r\n\r\nCurrent value: \"<vector>\"" title "Data Selection" button OK
 click node "6:12"
-click cmdTelvaneDsvValidate
-answer msgbox "Could not validate object reference \"RW_P103:POV10\".\r\n\r\nGenerated OPC itemid: \\\\APL\\1\\P\\RW_P103\\10:OV" title "Data Selection" button OK
 type txtTelvaneObjectReference "rw_p104"
 check cmdTelvaneDsvApply enabled
 check cmdTelvaneDsvUndo enabled

@@ -8,12 +8,9 @@
 wait form frmDataBrowser
 click node "_Raw_Water_Station.custom6"
 check fraTelvaneDsSettings visible
-check txtDsType text "Telvane"
 check cboTelvaneApplication text "1"
 check txtBlinkPeriod text "500"
-check cmdTelvaneDsApply enabled
 click node "6:1"
-check fraTelvaneDsvSettings visible
 check txtTelvaneObjectReference text "RW_P101:POV10"
 check cboTelvaneSignalType text "State indication"
 check optTelvaneSwapNone checked
@@ -24,20 +21,15 @@ click node "6:3"
 check optTelvaneSwap12 checked
 click node "6:4"
 check cboTelvaneSignalType text "Status color"
-check txtVarInfo visible
 check txtVarInfo text "3,5,7"
-check frmTelvaneSwapValues hidden
 click node "6:5"
 click node "6:6"
-check cmbKorlFileSelect visible
 check cmbKorlFileSelect text "LEVEL_SCALE.KORL"
 click node "6:7"
 click node "6:8"
-check cmbKorlFileSelect visible
 click node "6:9"
 check txtTelvaneObjectReference text "RW_STA:SOV10"
 click node "6:10"
-check txtTelvaneObjectReference text "RW_STA:DAL1"
 click node "6:11"
 check txtTelvaneObjectReference text "SYS_WD1:BOV"
 click node "6:12"
@@ -57,7 +49,6 @@ check cboTelvaneApplication text "0"
 check cmdTelvaneDsApply disabled
 click node "8:1"
 check txtTelvaneObjectReference text ""
-screenshot scada-look.bmp
 click node "6:6"
 screenshot scada-look-variable.bmp
 click node "_Raw_Water_Station.custom6"
