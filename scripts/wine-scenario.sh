@@ -5,7 +5,8 @@
 #   scripts/wine-scenario.sh BIN tests/wine/scripts/NAME.vbs
 # A .robot file's first comment lines say how it runs:
 #   # host: demo ARGUMENTS   vd_demo_host.exe with these arguments (a path of
-#                            the source tree is handed over as Wine sees it)
+#                            the source tree is handed over as Wine sees it);
+#                            without any, over samples/plant.json
 #   # host: vbs NAME         tests/wine/scripts/NAME.vbs under cscript
 #   # host: target           the robot's own target: vd_winviews_tests.exe --robot-target
 #   # expect: TEXT           a line the host must print (several: in this order)
@@ -47,6 +48,7 @@ else
     line=${line%$'\r'}
     [[ $line == '#'* ]] || break
     case $line in
+      '# host: demo') host=(samples/plant.json) ;;
       '# host: demo '*) read -ra host <<<"${line#'# host: demo '}" ;;
       '# host: vbs '*) vbs=${line#'# host: vbs '} ;;
       '# host: target') host=(vd_winviews_tests.exe --robot-target) ;;
@@ -76,14 +78,20 @@ if [[ $file == *.robot ]]; then
     "$(wine_winpath "$file")" </dev/null >/dev/null 2>&1) &
   robot=$!
 fi
-(cd "$bin" && env "${envs[@]}" timeout 300 "${command[@]}" </dev/null >"$work/host.out" 2>"$work/host.err")
+(cd "$bin" && exec env "${envs[@]}" timeout 300 "${command[@]}" </dev/null >"$work/host.out" 2>"$work/host.err") &
+host=$!
+if [[ -n $robot ]]; then
+  wait "$robot"
+  robot_status=$?
+  # Once the robot has ended, the host ends too: it has 30 s, then it is stopped.
+  timeout 30 tail --pid="$host" -f /dev/null || { kill "$host" 2>/dev/null; fail "the host did not end after the robot"; }
+fi
+wait "$host"
 host_status=$?
 tr -d '\r' <"$work/host.out" >"$work/host.txt"
 cat "$work/host.txt"
 
 if [[ -n $robot ]]; then
-  wait "$robot"
-  robot_status=$?
   tr -d '\r' <"$work/robot.log" >"$work/robot.txt" 2>/dev/null
   cat "$work/robot.txt"
   if ((${#robot_lines[@]})); then
