@@ -234,17 +234,25 @@ TEST(MemoryToolkitLifetime, ReleasingTheDisplayFreesItsObjectsAndOrphansWhatIsSt
 }
 
 TEST(MemoryToolkitVariables, KeepDimensionsTypeAndScopeWithinTheToolkitsLimits) {
-  enum Field { kRows, kCols, kType, kScope };
+  using Get = int32_t (MemoryDsv::*)();
+  using Set = void (MemoryDsv::*)(int32_t);
   const struct {
-    Field field;
+    Get get;
+    Set set;
     int32_t value;
     bool accepted;
     const char* named;  // what the description names when refused
   } cases[] = {
-      {kRows, -1, false, "Rows"},    {kRows, 0, true, ""},  {kRows, 65535, true, ""}, {kRows, 65536, false, "Rows"},
-      {kCols, -5, false, "Columns"}, {kCols, 0, true, ""},  {kCols, 255, true, ""},   {kCols, 70000, false, "Columns"},
-      {kType, 0, false, "type"},     {kType, 1, true, ""},  {kType, 9, true, ""},     {kType, 10, false, "type"},
-      {kScope, 0, false, "Scope"},   {kScope, 1, true, ""}, {kScope, 2, true, ""},    {kScope, 3, false, "Scope"},
+      {&MemoryDsv::GetDsvRows, &MemoryDsv::SetDsvRows, -1, false, "Rows"},
+      {&MemoryDsv::GetDsvRows, &MemoryDsv::SetDsvRows, 65535, true, ""},
+      {&MemoryDsv::GetDsvRows, &MemoryDsv::SetDsvRows, 65536, false, "Rows"},
+      {&MemoryDsv::GetDsvCols, &MemoryDsv::SetDsvCols, 0, true, ""},
+      {&MemoryDsv::GetDsvCols, &MemoryDsv::SetDsvCols, 70000, false, "Columns"},
+      {&MemoryDsv::GetDsvType, &MemoryDsv::SetDsvType, 0, false, "type"},
+      {&MemoryDsv::GetDsvType, &MemoryDsv::SetDsvType, 9, true, ""},
+      {&MemoryDsv::GetDsvType, &MemoryDsv::SetDsvType, 10, false, "type"},
+      {&MemoryDsv::GetDsvScope, &MemoryDsv::SetDsvScope, 1, true, ""},
+      {&MemoryDsv::GetDsvScope, &MemoryDsv::SetDsvScope, 3, false, "Scope"},
   };
   for (const auto& c : cases) {
     auto dsv = MemoryDisplay::Create()->DataSources()->Add(kind::kMemory, u"")->Variables()->Add();
@@ -252,43 +260,16 @@ TEST(MemoryToolkitVariables, KeepDimensionsTypeAndScopeWithinTheToolkitsLimits) 
     dsv->SetDsvType(3);
     dsv->SetDsvRows(7);
     dsv->SetDsvCols(7);
-    auto get = [&] {
-      switch (c.field) {
-        case kRows:
-          return dsv->GetDsvRows();
-        case kCols:
-          return dsv->GetDsvCols();
-        case kType:
-          return dsv->GetDsvType();
-        default:
-          return dsv->GetDsvScope();
-      }
-    };
-    const int32_t before = get();
-    const auto raised = RaisedBy([&] {
-      switch (c.field) {
-        case kRows:
-          dsv->SetDsvRows(c.value);
-          break;
-        case kCols:
-          dsv->SetDsvCols(c.value);
-          break;
-        case kType:
-          dsv->SetDsvType(c.value);
-          break;
-        case kScope:
-          dsv->SetDsvScope(c.value);
-          break;
-      }
-    });
+    const int32_t before = ((*dsv).*c.get)();
+    const auto raised = RaisedBy([&] { ((*dsv).*c.set)(c.value); });
     if (c.accepted) {
       EXPECT_EQ(raised.number, 0) << raised.description;
-      EXPECT_EQ(get(), c.value);
+      EXPECT_EQ(((*dsv).*c.get)(), c.value);
     } else {
-      EXPECT_EQ(raised.number, automation::err::kInvalidProcedureCall) << c.field << " " << c.value;
+      EXPECT_EQ(raised.number, automation::err::kInvalidProcedureCall) << c.named << " " << c.value;
       EXPECT_NE(raised.description.find(c.named), std::string::npos) << raised.description;
       EXPECT_NE(raised.description.find(std::to_string(c.value)), std::string::npos) << raised.description;
-      EXPECT_EQ(get(), before) << "a refused value changes nothing";
+      EXPECT_EQ(((*dsv).*c.get)(), before) << "a refused value changes nothing";
     }
   }
 }
