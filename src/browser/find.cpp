@@ -21,7 +21,7 @@ forms::NodeRef NextNodeDown(const forms::Node& node) {
 
 // The previous node of that walk, nullptr before the first one.
 forms::NodeRef NextNodeUp(const forms::Node& node) {
-  const forms::NodeRef previous = node.Previous();
+  forms::NodeRef previous = node.Previous();
   if (!previous) return node.Parent();
   if (previous->Children() > 0) return previous->Child()->LastSibling();
   return previous;
