@@ -53,6 +53,13 @@ wine_session_prefix() {
   if [[ ! -d $WINEPREFIX/drive_c/windows/system32 ]]; then
     "$WINE" wineboot -i >/dev/null 2>&1 || true  # its status says nothing; the folder does
   fi
+  # Wine's own fonts (Debian's fonts-wine: Tahoma, and Marlett for the glyphs of
+  # the caption buttons): this Wine looks for them beside its data folder, not
+  # where Debian puts them, so the prefix gets them in its Fonts folder.
+  local font
+  for font in /usr/share/wine/fonts/*.ttf; do
+    [[ -e $font ]] && cp -n "$font" "$WINEPREFIX/drive_c/windows/Fonts/" 2>/dev/null
+  done
   wineserver -p 2>/dev/null || true  # one server for the session, unless one runs already
   local managed=Y reg=$WINEPREFIX/x11-managed.reg
   [[ -n $WINE_SESSION_OWN_SCREEN ]] && managed=N
