@@ -137,6 +137,31 @@ TEST(FindNode, AFoundNodeIsMadeVisibleAndSelectedWithoutItsClickHandling) {
   EXPECT_EQ(h.dlg.cmdDelete.ToolTipText(), u"Delete 'Plant' ");
 }
 
+// The form's mouse pointer, each time it changes.
+struct PointerLog final : forms::PropertyObserver {
+  forms::Form& form;
+  std::vector<int16_t> pointers;
+  explicit PointerLog(forms::Form& observed) : form(observed) { form.AddObserver(*this); }
+  PointerLog(const PointerLog&) = delete;
+  PointerLog& operator=(const PointerLog&) = delete;
+  ~PointerLog() override { form.RemoveObserver(*this); }
+  void PropertyChanged(const forms::Change& change) override {
+    if (change.control == nullptr && change.property == forms::Property::kMousePointer)
+      pointers.push_back(form.MousePointer());
+  }
+};
+
+TEST(FindNode, ShowsTheHourglassWhileItSearchesFoundOrNot) {
+  FindRun h;
+  const PointerLog log(h.dlg);
+  h.Search(u"_Plant1", u"Limit", true);
+  EXPECT_EQ(log.pointers, (std::vector<int16_t>{forms::vbHourglass, forms::vbDefault}));
+  h.ui.AnswerMessageBox();
+  h.Search(u"_Plant1", u"none", true);
+  EXPECT_EQ(log.pointers.size(), 4U);
+  EXPECT_EQ(h.dlg.MousePointer(), forms::vbDefault);
+}
+
 TEST(FindNode, AnEmptyTreeHasNothingToSearch) {
   Harness h;
   h.dlg.InitDBForEdit(DisplayFromJson(R"({ "dataSources": [] })"));
