@@ -10,6 +10,19 @@ wait form frmFindDialog
 check caption "Find source/variable"
 check OKButton disabled
 check optDown checked
+check cboFindWhat focused
+# The access keys of the options and the name
+key S alt
+check chkMatchCase checked
+key S alt
+check chkMatchCase unchecked
+key U alt
+check optUp checked
+key D alt
+check optDown checked
+check optUp unchecked
+key A alt
+check cboFindWhat focused
 type cboFindWhat "spare"
 check OKButton enabled
 screenshot treecmds-find.bmp
