@@ -83,8 +83,9 @@ TEST(SortForGood, IgnoresCaseKeepsEqualNamesInOrderAndExchangesOneAtATime) {
            {{u"a", u"b", u"A"}, {u"a", u"A", u"b"}, 1},
            {{u"Zeta", u"alpha", u"ALPHA", u"Beta"}, {u"alpha", u"ALPHA", u"Beta", u"Zeta"}, 3},
            {{u"x2", u"X10", u"x1", u"_x"}, {u"x1", u"X10", u"x2", u"_x"}, 3},  // code by code; "_" after "X"
+           {{}, {}, 0},                                                        // modified all the same
        }) {
-    SCOPED_TRACE(ToUtf8(c.before[0]) + "...");
+    SCOPED_TRACE(c.before.empty() ? "none" : ToUtf8(c.before[0]) + "...");
     Harness h;
     auto names = std::make_shared<Names>();
     for (const String& name : c.before) names->items.push_back(std::make_shared<NamedDsv>(name, *names));

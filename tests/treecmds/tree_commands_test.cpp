@@ -84,10 +84,8 @@ TEST(Move, ActsOnlyWhenTheToolkitMovesAndKeepsTheMovedItemSelected) {
   const V plant = {u"Level", u"Flow", u"Label"};
   const std::vector<MoveCase> cases = {
       {u"_Plant1", true, 0, dataSources, u"_Plant1"},
-      {u"_Spare4", false, 0, dataSources, u"_Spare4"},
       {u"_Plant1", false, 0, {u"Empty", u"Plant", u"Tank", u"Spare"}, u"_Plant2"},
       {u"1:1", true, 1, plant, u"1:1"},
-      {u"1:3", false, 1, plant, u"1:3"},
       {u"1:1", false, 1, {u"Flow", u"Level", u"Label"}, u"1:2"},
       {u"1:3", true, 1, {u"Level", u"Label", u"Flow"}, u"1:2"},
   };
@@ -103,33 +101,6 @@ TEST(Move, ActsOnlyWhenTheToolkitMovesAndKeepsTheMovedItemSelected) {
     EXPECT_EQ(h.dlg.IsModified(), (c.ds == 0 ? c.namesAfter != dataSources : c.namesAfter != plant));
     EXPECT_TRUE(h.ui.MessageBoxes().empty());
   }
-}
-
-TEST(SortInView, SortsTheTreeOnlyAndLocksTheMovesOfThatDataSourceAlone) {
-  Harness h;
-  h.user.SelectNode(h.dlg.treDataSources, u"1:1").Tick(h.dlg.chkSort).RunAll();
-  EXPECT_EQ(h.Shown(u"_Plant1"), (V{u"Flow", u"Label", u"Level"}));
-  EXPECT_EQ(h.Names(1), (V{u"Level", u"Flow", u"Label"}));
-  EXPECT_EQ(h.SelectedText(), u"Level");
-  const auto movable = [&] { return h.dlg.cmdMoveUp.Enabled() && h.dlg.cmdMoveDown.Enabled(); };
-  EXPECT_FALSE(h.dlg.cmdMoveUp.Enabled() || h.dlg.cmdMoveDown.Enabled());
-  h.user.SelectNode(h.dlg.treDataSources, u"1:2")
-      .Check([&] { EXPECT_FALSE(movable()); })
-      .SelectNode(h.dlg.treDataSources, u"4:1")
-      .Check([&] { EXPECT_TRUE(movable()); })
-      .SelectNode(h.dlg.treDataSources, u"1:3")
-      .Tick(h.dlg.chkSort, false)
-      .RunAll();
-  EXPECT_EQ(h.Shown(u"_Plant1"), (V{u"Level", u"Flow", u"Label"}));
-  EXPECT_TRUE(movable());
-  EXPECT_EQ(h.SelectedText(), u"Label");
-}
-
-TEST(SortForGood, SetsModifiedAlsoForADataSourceWithoutVariables) {
-  Harness h;
-  h.user.SelectNode(h.dlg.treDataSources, u"_Empty2").Click(h.dlg.cmdSort).RunAll();
-  EXPECT_TRUE(h.dlg.IsModified());
-  EXPECT_EQ(h.SelectedText(), u"Empty");
 }
 
 TEST(ExpandAll, TogglesEveryNodeButNotWhileTheTreeIsFilled) {
@@ -220,20 +191,6 @@ TEST(AddDataSource, PassesKindAndCreationTextAndSelectsTheNewLastDataSource) {
     if (c.name != nullptr) {
       EXPECT_EQ(h.dlg.txtDsName.Text(), c.name);
     }
-  }
-}
-
-TEST(AddVariable, AppendsToTheSelectionsDataSourceAndShowsTheNewVariable) {
-  for (const char16_t* key : {u"_Empty2", u"1:2"}) {
-    SCOPED_TRACE(ToUtf8(key));
-    Harness h;
-    const int32_t ds = key[0] == u'_' ? 2 : 1;
-    const size_t before = h.Names(ds).size();
-    h.user.SelectNode(h.dlg.treDataSources, key).Click(h.dlg.cmdAddDsv).RunAll();
-    ASSERT_EQ(h.Names(ds).size(), before + 1);
-    EXPECT_EQ(h.SelectedText(), h.Names(ds).back());
-    EXPECT_TRUE(h.dlg.fraDsv.Visible());
-    EXPECT_TRUE(h.dlg.IsModified());
   }
 }
 

@@ -31,9 +31,6 @@ struct DataBrowserInspector {
   void SetPanelFilling(bool filling) const { form.PanelFilling = filling; }
   [[nodiscard]] frmFindDialog& FindDialog() const { return form.FindDialog(); }
   [[nodiscard]] bool FindDialogCreated() const { return form.findDialog != nullptr; }
-  static bool NodeMatches(const forms::NodeRef& node, const String& text, bool matchCase, bool wholeWord) {
-    return frmDataBrowser::NodeMatches(node, text, matchCase, wholeWord);
-  }
 };
 
 }  // namespace vd::browser
