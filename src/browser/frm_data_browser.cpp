@@ -47,6 +47,7 @@ void frmDataBrowser::WireEvents() {
 
   WireDsPanelEvents();
   WireDsvPanelEvents();
+  WireScadaEvents();
 }
 
 }  // namespace vd::browser
