@@ -1,4 +1,4 @@
-# host: demo
+# host: demo samples/plant.json
 # expect: run: editing
 # expect: modified: yes
 # Adding a data source of the kind chosen in the list, then a variable to it:

@@ -1,4 +1,4 @@
-# host: demo
+# host: demo samples/plant.json
 # expect: run: editing
 # expect: modified: yes
 # Deleting: what is in use is refused with its message and stays; a variable

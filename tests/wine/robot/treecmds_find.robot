@@ -1,4 +1,4 @@
-# host: demo
+# host: demo samples/plant.json
 # expect: run: editing
 # expect: modified: yes
 # Ctrl+F in the tree opens the find dialog; Enter searches, Escape cancels;

@@ -1,4 +1,4 @@
-# host: demo
+# host: demo samples/plant.json
 # expect: run: editing
 # expect: modified: yes
 # Moving a variable and a data source: the moved item stays selected at its

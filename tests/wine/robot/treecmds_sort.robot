@@ -1,4 +1,4 @@
-# host: demo
+# host: demo samples/plant.json
 # expect: run: editing
 # expect: modified: yes
 # The view sort orders the tree only and locks the moves of that data source;
