@@ -13,6 +13,5 @@ click cmdAddDsv
 check node "10:1" present
 check node "10:1" selected
 check fraDsv visible
-screenshot treecmds-add.bmp
 click dbClose
 wait gone

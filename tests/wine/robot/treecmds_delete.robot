@@ -7,7 +7,6 @@
 wait form frmDataBrowser
 click node "1:1"  # LT101_Intake_Level, in use once
 click cmdDelete
-screenshot treecmds-in-use.bmp
 answer msgbox "The data variable \"LT101_Intake_Level\" is in use." title "Data Selection" button OK
 check node "1:1" text "LT101_Intake_Level"
 click node "1:3"  # PT101_Intake_Pressure

@@ -25,7 +25,6 @@ key A alt
 check cboFindWhat focused
 type cboFindWhat "spare"
 check OKButton enabled
-screenshot treecmds-find.bmp
 key ENTER
 wait gone
 wait form frmDataBrowser

@@ -4,12 +4,10 @@
 
 #include <utility>
 
-#include "artifact_path.h"
 #include "background_send.h"
 #include "posted_input.h"
 #include "queue_marker.h"
 #include "remote_memory.h"
-#include "screen_capture.h"
 #include "views/control_lookup.h"
 #include "views/wide_text.h"
 #include "window_query.h"
@@ -36,7 +34,6 @@ enum class Stage {
   kDropping,    // a list is being dropped down
   kPicking,     // an entry of the list is being picked
   kBoxClosing,  // a message box is being answered
-  kCapturing,   // the form is being painted for a screenshot
 };
 
 struct Win32Desktop::Progress {
@@ -78,20 +75,9 @@ HWND TypingWindow(HWND control) {
   return nullptr;
 }
 
-RECT Union(HWND a, HWND b) {
-  RECT area{};
-  GetWindowRect(a, &area);
-  if (b != nullptr) {
-    RECT other{};
-    GetWindowRect(b, &other);
-    UnionRect(&area, &area, &other);
-  }
-  return area;
-}
-
 }  // namespace
 
-Win32Desktop::Win32Desktop(vd::robot::String artifacts) : artifacts_(std::move(artifacts)) {}
+Win32Desktop::Win32Desktop() = default;
 Win32Desktop::~Win32Desktop() = default;
 
 std::string Win32Desktop::FormProblem() const {
@@ -134,8 +120,8 @@ Look Win32Desktop::ReadyToAct(const Step& step) {
       if (form_ == nullptr) return Never("no form yet: a 'wait form' step comes first");
       return Box() != nullptr ? Holds() : NotYet("no message box");
     }
-    case StepKind::kScreenshot: {
-      const std::string problem = FormProblem();
+    case StepKind::kClose: {
+      const std::string problem = InputProblem();
       return problem.empty() ? Holds() : NotYet(problem);
     }
     case StepKind::kKey: {
@@ -187,6 +173,11 @@ ActResult Win32Desktop::Act(const Step& step) {
       break;
     case StepKind::kWaitGone:
       progress_.reset();
+      break;
+    case StepKind::kClose:
+      // What the close box of the caption sends.
+      PostMessageW(form_, WM_SYSCOMMAND, SC_CLOSE, 0);
+      Mark(nullptr);
       break;
     case StepKind::kClick: {
       const HWND control = Control(step.target);
@@ -253,14 +244,6 @@ ActResult Win32Desktop::Act(const Step& step) {
       const bool titleDiffers = step.hasTitle && title != step.title;
       if (textDiffers || titleDiffers)
         return {ActOutcome::kDiffers, "text " + Quoted(Utf8(text)) + ", title " + Quoted(Utf8(title))};
-      break;
-    }
-    case StepKind::kScreenshot: {
-      constexpr UINT kRepaint = RDW_INVALIDATE | RDW_ERASE | RDW_FRAME | RDW_ALLCHILDREN | RDW_UPDATENOW;
-      RedrawWindow(form_, nullptr, nullptr, kRepaint);
-      if (const HWND box = Box()) RedrawWindow(box, nullptr, nullptr, kRepaint);
-      Mark(nullptr);
-      progress.stage = Stage::kCapturing;
       break;
     }
     default:
@@ -361,14 +344,6 @@ Look Win32Desktop::Advance(const Step& step) {
       if (IsWindow(progress.box) && IsWindowVisible(progress.box)) return NotYet("the message box is still shown");
       if (!FormProblem().empty()) return Holds();
       return Mark(nullptr);
-
-    case Stage::kCapturing: {
-      if (!FormProblem().empty()) return Never(FormProblem());
-      if (!progress.marker->Reached()) return NotYet("the form is being painted");
-      const vd::robot::String path = vd::robot::PathUnder(artifacts_, step.target);
-      const std::string failure = CaptureToBitmapFile(Union(form_, Box()), path);
-      return failure.empty() ? Holds() : Never(failure + ": " + Utf8(path));
-    }
   }
   return Holds();
 }

@@ -19,8 +19,7 @@ namespace vd::win32::robot {
 
 class Win32Desktop final : public vd::robot::Desktop {
  public:
-  // Screenshots named by a relative path go under artifacts ("" : the current folder).
-  explicit Win32Desktop(vd::robot::String artifacts);
+  Win32Desktop();
   ~Win32Desktop() override;
   Win32Desktop(const Win32Desktop&) = delete;
   Win32Desktop& operator=(const Win32Desktop&) = delete;
@@ -49,7 +48,6 @@ class Win32Desktop final : public vd::robot::Desktop {
   vd::robot::Look Mark(HWND busy);
   vd::robot::Look Advance(const vd::robot::Step& step);
 
-  vd::robot::String artifacts_;
   HWND form_ = nullptr;
   DWORD formThread_ = 0;
   std::unique_ptr<Progress> progress_;

@@ -15,6 +15,7 @@ enum class StepKind {
   // Actions: the robot acts; a failure stops the script.
   kWaitForm,         // wait form NAME
   kWaitGone,         // wait gone
+  kClose,            // close
   kClick,            // click NAME
   kClickNode,        // click node KEY
   kDoubleClickNode,  // dblclick node KEY
@@ -22,7 +23,6 @@ enum class StepKind {
   kKey,              // key KEY [shift] [ctrl] [alt]
   kPick,             // pick NAME TEXT
   kAnswer,           // answer msgbox [TEXT] [title TEXT] button NAME
-  kScreenshot,       // screenshot PATH
   kTimeout,          // timeout MILLISECONDS
   // Checks: the robot looks; a failure is counted and the script goes on.
   kCheckCaption,       // check caption TEXT
@@ -49,7 +49,7 @@ struct Step {
   int line = 0;        // 1-based line of the script
   std::string source;  // the line as written, without surrounding blanks
   StepKind kind = StepKind::kWaitForm;
-  String target;            // form or control name, node key, or the screenshot's path
+  String target;            // form or control name, or node key
   String text;              // text to type, pick or expect; the message box text to expect
   bool hasText = false;     // answer: a message box text is expected
   bool hasTitle = false;    // answer: a message box title is expected

@@ -62,11 +62,14 @@ class LineReader {
     const std::string verb = Bare(0);
     if (verb == "wait") return Wait();
     if (verb == "click" || verb == "dblclick") return Click(verb == "dblclick");
+    if (verb == "close") {
+      step_.kind = StepKind::kClose;
+      return Expect(1, "close");
+    }
     if (verb == "type") return Type();
     if (verb == "key") return Key();
     if (verb == "pick") return Pick();
     if (verb == "answer") return Answer();
-    if (verb == "screenshot") return Screenshot();
     if (verb == "timeout") return Timeout();
     if (verb == "check") return Check();
     return "unknown step '" + words_[0].text + "'";
@@ -168,13 +171,6 @@ class LineReader {
     if (Bare(at) != "button" || !Has(at + 1)) return std::string("expected: ") + kUsage;
     step_.button = Text(at + 1);
     return Expect(at + 2, kUsage);
-  }
-
-  std::string Screenshot() {
-    if (!Has(1)) return "expected: screenshot PATH";
-    step_.kind = StepKind::kScreenshot;
-    step_.target = Text(1);
-    return Expect(2, "screenshot PATH");
   }
 
   std::string Timeout() {

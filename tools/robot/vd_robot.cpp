@@ -1,10 +1,9 @@
 // The robot: drives the dialogs of another program with real window messages,
 // step by step from a script (script/script_parser.h describes the steps).
-//   vd_robot [--timeout MILLISECONDS] [--log FILE] [--artifacts FOLDER] SCRIPT
+//   vd_robot [--timeout MILLISECONDS] [--log FILE] SCRIPT
 // Start it before the program under test opens its dialog; every step waits
 // for what it needs within the timeout (default 30000 ms). Prints one line per
 // step and "robot: N steps passed, M failed"; with --log, also into FILE.
-// Screenshots named by a relative path go under FOLDER.
 // Exit code 0 when every step passed, 1 when one failed, 2 for a bad command
 // line or script.
 #include <windows.h>
@@ -26,7 +25,7 @@
 namespace {
 
 constexpr uint32_t kDefaultTimeoutMs = 30000;
-constexpr char kUsage[] = "usage: vd_robot [--timeout MILLISECONDS] [--log FILE] [--artifacts FOLDER] SCRIPT";
+constexpr char kUsage[] = "usage: vd_robot [--timeout MILLISECONDS] [--log FILE] SCRIPT";
 
 class TickClock final : public vd::robot::Clock {
  public:
@@ -37,7 +36,6 @@ class TickClock final : public vd::robot::Clock {
 struct Options {
   uint32_t timeoutMs = kDefaultTimeoutMs;
   std::wstring log;
-  std::wstring artifacts;
   std::wstring script;
 };
 
@@ -50,8 +48,6 @@ bool ParseOptions(const std::vector<std::wstring>& words, Options& options) {
       options.timeoutMs = static_cast<uint32_t>(value);
     } else if (words[i] == L"--log" && i + 1 < words.size()) {
       options.log = words[++i];
-    } else if (words[i] == L"--artifacts" && i + 1 < words.size()) {
-      options.artifacts = words[++i];
     } else if (options.script.empty() && !words[i].starts_with(L"--")) {
       options.script = words[i];
     } else {
@@ -102,7 +98,7 @@ int main() {
     return 2;
   }
 
-  vd::win32::robot::Win32Desktop desktop(vd::robot::String(options.artifacts.begin(), options.artifacts.end()));
+  vd::win32::robot::Win32Desktop desktop;
   TickClock clock;
   vd::robot::StepRunner runner(desktop, clock, print, options.timeoutMs);
   return runner.Run(script.steps).Succeeded() ? 0 : 1;

@@ -6,6 +6,7 @@
 //
 //   wait form NAME            the form's window is shown; later steps act on it
 //   wait gone                 the form's window has gone (hidden or destroyed)
+//   close                     the form's close box
 //   click NAME                presses a button (or clicks another control)
 //   click node KEY            clicks the text of the tree node with this key
 //   dblclick node KEY         double-clicks it
@@ -17,7 +18,6 @@
 //   answer msgbox [TEXT] [title TEXT] button NAME
 //                             the form's message box: checks its text and
 //                             title, then presses the button
-//   screenshot PATH           a bitmap (.bmp) of the form's window
 //   timeout MILLISECONDS      how long later steps wait at most
 //   check caption TEXT        the form's caption
 //   check NAME enabled|disabled|visible|hidden|checked|unchecked|focused
