@@ -7,8 +7,8 @@
 # robot: robot: 2 steps passed, 2 failed
 # A check that fails is counted and the script goes on; an action that fails
 # stops it, and the robot closes the form so that its program ends.
-timeout 2000
 wait form frmSample
+timeout 2000
 check txtName text "not this"
 click cmdNoSuchButton
 click cmdApply
