@@ -9,7 +9,6 @@
 namespace vd::system_test {
 namespace {
 
-using platform::testing::FakeRegistry;
 
 constexpr char kDvKey[] = "Software\\DataViews\\DVtools\\2.6";
 constexpr char16_t kKindsPath[] = u"D:\\DV\\etc\\CustomDs.dat";

@@ -125,7 +125,7 @@ std::string Key(const std::vector<Word>& words, Step& step) {
 }
 
 std::string Answer(const std::vector<Word>& words, Step& step) {
-  const std::string usage = "expected: answer msgbox [TEXT] [title TEXT] button NAME";
+  std::string usage = "expected: answer msgbox [TEXT] [title TEXT] button NAME";
   if (Bare(words, 1) != "msgbox") return usage;
   step.kind = StepKind::kAnswer;
   size_t at = 2;
