@@ -137,6 +137,35 @@ std::vector<UserStep> EditingSteps() {
   };
 }
 
+// An editing run over the plant sample through the SCADA frames, with the
+// simulated SCADA system as the communication object.
+std::vector<UserStep> ScadaSteps() {
+  return {
+      {"SCADA data source", [](auto& d) { return SelectNode(d, u"_Raw_Water_Station.custom6"); }},
+      {"application list", [](auto& d) { return d.cboTelvaneApplication.UserDropDown(); }},
+      {"application 2",
+       [](auto& d) { return d.cboTelvaneApplication.ListCount() > 1 && d.cboTelvaneApplication.UserPick(1); }},
+      {"blink period", [](auto& d) { return d.txtBlinkPeriod.UserType(u"750"); }},
+      {"apply data source", [](auto& d) { return d.cmdTelvaneDsApply.UserClick(); }},
+      {"mapped variable", [](auto& d) { return SelectNode(d, u"6:1"); }},
+      {"object reference", [](auto& d) { return d.txtTelvaneObjectReference.UserType(u"RW_P102:P10"); }},
+      {"validate", [](auto& d) { return d.cmdTelvaneDsvValidate.UserClick(); }},
+      {"signal type",
+       [](auto& d) { return d.cboTelvaneSignalType.ListCount() > 2 && d.cboTelvaneSignalType.UserPick(2); }},
+      {"variable info", [](auto& d) { return d.txtVarInfo.UserType(u"1,2,3"); }},
+      {"apply variable", [](auto& d) { return d.cmdTelvaneDsvApply.UserClick(); }},
+      {"status colour variable", [](auto& d) { return SelectNode(d, u"6:4"); }},
+      {"swap none", [](auto& d) { return d.optTelvaneSwapNone.UserClick(); }},
+      {"undo", [](auto& d) { return d.cmdTelvaneDsvUndo.UserClick(); }},
+      {"variable with a script", [](auto& d) { return SelectNode(d, u"7:1"); }},
+      {"script files", [](auto& d) { return d.cmbKorlFileSelect.UserDropDown(); }},
+      {"reference label", [](auto& d) { return d.lblObjectReference.UserClick(); }},
+      {"apply again", [](auto& d) { return d.cmdTelvaneDsvApply.UserClick(); }},
+      {"unmapped data source", [](auto& d) { return SelectNode(d, u"_Softening_Plant.custom8"); }},
+      {"unmapped variable", [](auto& d) { return SelectNode(d, u"8:1"); }},
+  };
+}
+
 // A selection run: variables chosen; the run ends with OK.
 std::vector<UserStep> SelectionSteps() {
   return {
@@ -158,10 +187,31 @@ struct Outcome {
   bool endedByUser = false;        // the last step (Close / OK) hid the dialog
 };
 
-Outcome Run(SweepFixture& f, bool selection, int64_t k, const std::shared_ptr<sample::MemoryDisplay>& model) {
+enum class RunKind : uint8_t { kEditing, kSelection, kScada };
+
+const char* NameOf(RunKind kind) {
+  switch (kind) {
+    case RunKind::kEditing:
+      return "editing";
+    case RunKind::kSelection:
+      return "selection";
+    case RunKind::kScada:
+      return "SCADA editing";
+  }
+  return "";
+}
+
+sample::SampleDisplay ModelFor(RunKind kind) {
+  if (kind == RunKind::kScada) return sample::LoadDisplayFile(VD_ROBUST_PLANT_SAMPLE);
+  return sample::LoadDisplayText(kDisplayJson, "t.json", "/");
+}
+
+Outcome Run(SweepFixture& f, RunKind kind, int64_t k, const sample::SampleDisplay& model) {
   FaultPlan plan;
   Outcome outcome;
-  const std::vector<UserStep> steps = selection ? SelectionSteps() : EditingSteps();
+  const bool selection = kind == RunKind::kSelection;
+  const std::vector<UserStep> steps =
+      kind == RunKind::kScada ? ScadaSteps() : (selection ? SelectionSteps() : EditingSteps());
   for (const UserStep& step : steps) {
     f.user.Check([&f, &outcome, &plan, step] {
       try {
@@ -182,8 +232,9 @@ Outcome Run(SweepFixture& f, bool selection, int64_t k, const std::shared_ptr<sa
     outcome.endedByUser = outcome.endedByUser && !f.dlg.Visible();
   });
   plan.FailAt(k);
+  if (model.scada) f.desk.SetCommunication(FaultyCommunication(model.scada, plan));
   try {
-    const toolkit::DisplayRef display = FaultyDisplay(model, plan);
+    const toolkit::DisplayRef display = FaultyDisplay(model.display, plan);
     if (selection) {
       (void)f.desk.SelectDataVar(display, 4, 500, 0, 0);
     } else {
@@ -194,6 +245,7 @@ Outcome Run(SweepFixture& f, bool selection, int64_t k, const std::shared_ptr<sa
   }
   outcome.calls = plan.Calls();
   outcome.failedSite = plan.FailedSite();
+  f.desk.SetCommunication(model.scada);  // the next run without failures
   if (outcome.failedStep.empty()) outcome.failedStep = "opening or ending the run";
   // The run raised before the dialog was shown: the user's steps never ran.
   if (outcome.toHost != 0) {
@@ -242,17 +294,17 @@ struct SweepFigures {
   std::set<std::pair<std::string, std::string>> stepSites;  // (user's step, operation)
 };
 
-SweepFigures Sweep(bool selection) {
+SweepFigures Sweep(RunKind kind) {
   SweepFigures figures;
   SweepFixture clean;
-  const int64_t calls = Run(clean, selection, 0, sample::LoadDisplayText(kDisplayJson, "t.json", "/").display).calls;
+  const int64_t calls = Run(clean, kind, 0, ModelFor(kind)).calls;
   EXPECT_GT(calls, 100);
   for (int64_t k = 1; k <= calls; ++k) {
-    const auto model = sample::LoadDisplayText(kDisplayJson, "t.json", "/").display;
+    const sample::SampleDisplay model = ModelFor(kind);
     SweepFixture f;
-    const Outcome outcome = Run(f, selection, k, model);
-    const std::string label = std::string(selection ? "selection" : "editing") + " run, call " + std::to_string(k) +
-                              " (" + outcome.failedSite + ")";
+    const Outcome outcome = Run(f, kind, k, model);
+    const std::string label =
+        std::string(NameOf(kind)) + " run, call " + std::to_string(k) + " (" + outcome.failedSite + ")";
     ++figures.runs;
     EXPECT_FALSE(outcome.failedSite.empty()) << label << ": the run made only " << outcome.calls << " calls";
     figures.sites.insert(outcome.failedSite);
@@ -270,7 +322,7 @@ SweepFigures Sweep(bool selection) {
         EXPECT_EQ(outcome.reported.front(), kInjectedError) << label;
       }
     }
-    ExpectNextRunShowsModel(f, model, label);
+    ExpectNextRunShowsModel(f, model.display, label);
   }
   return figures;
 }
@@ -285,16 +337,21 @@ void Print(const char* run, const SweepFigures& s) {
       static_cast<long long>(s.silent), s.stepSites.size(), s.sites.size(), sites.c_str());
 }
 
-TEST(FaultSweep, EditingRunSurvivesEveryFailingCall) {
-  const SweepFigures figures = Sweep(false);
+class FaultSweep : public ::testing::TestWithParam<RunKind> {};
+
+TEST_P(FaultSweep, SurvivesEveryFailingCall) {
+  const SweepFigures figures = Sweep(GetParam());
   EXPECT_EQ(figures.runs, figures.shown + figures.toHost + figures.silent);
-  Print("editing", figures);
+  Print(NameOf(GetParam()), figures);
 }
 
-TEST(FaultSweep, SelectionRunSurvivesEveryFailingCall) {
-  const SweepFigures figures = Sweep(true);
-  Print("selection", figures);
+std::string KindName(const ::testing::TestParamInfo<RunKind>& tested) {
+  const std::string name = NameOf(tested.param);
+  return name == "SCADA editing" ? "ScadaEditing" : name == "editing" ? "Editing" : "Selection";
 }
+
+INSTANTIATE_TEST_SUITE_P(Runs, FaultSweep, ::testing::Values(RunKind::kEditing, RunKind::kSelection, RunKind::kScada),
+                         KindName);
 
 }  // namespace
 }  // namespace vd::robust_test
