@@ -1,7 +1,7 @@
 // The component's lifetime as a long-running host sees it: N cycles (500 by
 // default, the first argument) of creating VarDeskUI, setting Communication,
 // an editing or a selection run that a test hook ends as soon as the dialog
-// shows, and releasing it. Prints the process's handle count, GDI and USER
+// shows (none with --no-runs, the third argument), and releasing it. Prints the process's handle count, GDI and USER
 // objects and private bytes after the first thousand cycles (or the first
 // tenth of a shorter run) and at the end, whether the host's own objects got
 // back every reference the component took, and what DllCanUnloadNow answers:
@@ -195,7 +195,7 @@ LRESULT CALLBACK EndRunAtOnce(int code, WPARAM wParam, LPARAM lParam) {
 using GetClassObjectFunction = HRESULT(WINAPI*)(REFCLSID, REFIID, void**);
 using CanUnloadFunction = HRESULT(WINAPI*)();
 
-int Run(long cycles, const std::wstring& displayFile) {
+int Run(long cycles, const std::wstring& displayFile, bool withRuns) {
   const vd::sample::SampleDisplay sample = vd::sample::LoadDisplayFile(displayFile);
   CountingDispatch display(vd::win32::ExposeObject(sample.display));
   CountingDispatch communication(vd::win32::ExposeObject(sample.scada));
@@ -218,7 +218,9 @@ int Run(long cycles, const std::wstring& displayFile) {
       return 2;
     if (FAILED(ui->putref_Communication(&communication))) return 2;
     HRESULT hr = S_OK;
-    if (cycle % 2 == 1) {
+    if (!withRuns) {
+      // Only the object's own life.
+    } else if (cycle % 2 == 1) {
       hr = ui->EditDataSources(&display);
     } else {
       ComPtr<IDispatch> selected;
@@ -264,10 +266,11 @@ int Run(long cycles, const std::wstring& displayFile) {
 int wmain(int argc, wchar_t** argv) {
   const long cycles = argc > 1 ? std::wcstol(argv[1], nullptr, 10) : 500;
   const std::wstring displayFile = argc > 2 ? argv[2] : vd::win32::demo::ProgramFolder() + L"plant.json";
+  const bool withRuns = argc <= 3 || std::wstring(argv[3]) != L"--no-runs";
   if (FAILED(CoInitializeEx(nullptr, COINIT_APARTMENTTHREADED))) return 2;
   int status = 2;
   try {
-    status = Run(cycles, displayFile);
+    status = Run(cycles, displayFile, withRuns);
   } catch (const std::exception& e) {
     Print(std::string("failed: ") + e.what());
   }
