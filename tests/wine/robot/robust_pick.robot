@@ -18,6 +18,5 @@ click node "3:1"
 check cboDsvType text "Long"
 pick cboDsvType "Long"
 check cboDsvType text "Long"
-screenshot robust-pick.bmp
 click dbClose
 wait gone
