@@ -100,5 +100,60 @@ TEST(MarkedVariableSearch, OverflowsWithTooManyDataSources) {
   EXPECT_EQ(ErrorOf([&] { (void)f.desk.SelectDataVar(display, 1, 500, 0, 0); }), kOverflow);
 }
 
+// The tree commands count after they change the model: an add beyond 32767
+// is an overflow error (the model keeps what it added), a delete at the limit
+// counts down without wrapping.
+struct CommandCase {
+  const char* name;
+  int32_t dataSources;
+  int32_t variables;  // of the first data source
+  const char16_t* node;
+  bool addDataSource, addVariable, remove;
+  int32_t error;
+  int32_t dataSourcesAfter, variablesAfter;
+};
+
+class CommandCounts : public ::testing::TestWithParam<CommandCase> {};
+
+TEST_P(CommandCounts, OverflowBeyondTheLargestIntegerAndNeverWrap) {
+  const CommandCase& c = GetParam();
+  const auto display = Display(c.dataSources, c.variables);
+  DialogFixture f;
+  int32_t error = -1;
+  f.user.SelectNode(f.dlg.treDataSources, c.node)
+      .Check([&] {
+        error = ErrorOf([&] {
+          if (c.addDataSource) {
+            ASSERT_TRUE(f.dlg.cboDsAdd.UserPick(u"Memory"));
+            ASSERT_TRUE(f.dlg.cmdAddDs.UserClick());
+          }
+          if (c.addVariable) {
+            ASSERT_TRUE(f.dlg.cmdAddDsv.UserClick());
+          }
+          if (c.remove) {
+            ASSERT_TRUE(f.dlg.cmdDelete.UserClick());
+          }
+        });
+      })
+      .Click(f.dlg.dbClose);
+  f.desk.EditDataSources(display);
+  EXPECT_EQ(error, c.error);
+  EXPECT_EQ(display->DataSources()->DsCount(), c.dataSourcesAfter);
+  EXPECT_EQ(display->DataSources()->Item(1)->GetDsVars()->DsvCount(), c.variablesAfter);
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Commands, CommandCounts,
+    ::testing::Values(
+        CommandCase{"AddTheLastDataSource", kMaxCount - 1, 0, u"_memory11", true, false, false, 0, kMaxCount, 0},
+        CommandCase{"AddOneDataSourceTooMany", kMaxCount, 0, u"_memory11", true, false, false, kOverflow, kMaxCount + 1,
+                    0},
+        CommandCase{"AddTheLastVariable", 1, kMaxCount - 1, u"1:1", false, true, false, 0, 1, kMaxCount},
+        CommandCase{"AddOneVariableTooMany", 1, kMaxCount, u"1:1", false, true, false, kOverflow, 1, kMaxCount + 1},
+        CommandCase{"DeleteAVariableAtTheLimit", 1, kMaxCount, u"1:1", false, false, true, 0, 1, kMaxCount - 1},
+        CommandCase{"DeleteADataSourceAtTheLimit", kMaxCount, 0, u"_memory22", false, false, true, 0, kMaxCount - 1,
+                    0}),
+    CaseName<CommandCase>);
+
 }  // namespace
 }  // namespace vd::robust_test
