@@ -3,7 +3,6 @@
 ' clicks every constant variable and closes. Every value must come back
 ' exactly as it was, since the panel shows each value and writes it back.
 Dim ui, d, limits, values, vars, i  ' Wine 8: "Dim vars()" then ReDim crashes the engine
-StartRobot "robust_comma_locale"
 Set ui = CreateObject("VarDeskGUI.VarDeskUI")
 Set d = New TestDisplay
 Set d.List = New TestDsList

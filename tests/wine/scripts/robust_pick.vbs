@@ -3,7 +3,6 @@
 ' stored Double, "Text" over an ASCII file variable stored as Long. The pick
 ' clicks as a user's pick does, so the type picked is stored.
 Dim ui, d, limits, readings, tanks, limit, reading, level
-StartRobot "robust_pick"
 Set ui = CreateObject("VarDeskGUI.VarDeskUI")
 Set d = New TestDisplay
 Set d.List = New TestDsList
