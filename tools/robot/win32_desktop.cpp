@@ -339,8 +339,13 @@ Look Win32Desktop::Advance(const Step& step) {
 
     case Stage::kPicking:
       if (!progress.send->Done() && !Interrupted()) return NotYet("the entry is being picked");
-      PostMessageW(progress.control, CB_SHOWDROPDOWN, FALSE, 0);
-      if (Interrupted()) return Holds();
+      if (Interrupted()) {
+        PostMessageW(progress.control, CB_SHOWDROPDOWN, FALSE, 0);
+        return Holds();
+      }
+      // The user ends the pick with Enter: the list itself tells its form that
+      // the pick ended (also on the entry already shown) and closes.
+      PostKeystroke(progress.control, VK_RETURN, false);
       return Mark(nullptr);
 
     case Stage::kBoxClosing:
