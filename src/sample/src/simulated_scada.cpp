@@ -94,7 +94,10 @@ Variant SimulatedScada::Run(int32_t application, const String& request) const {
 Variant SimulatedScada::Offsets(int32_t application, const String& name, int32_t index) const {
   auto found = offsetsIndex_.find(OffsetsKey{application, UCase(name), index});
   if (found == offsetsIndex_.end()) return Variant(kOffsetsUnknownObject);
-  return Variant(objects_[found->second].offsets.value_or(String()));
+  const ScadaObject& object = objects_[found->second];
+  if (object.offsetsFail) Raise(scada_err::kInjectedFault, u"The offsets of " + object.name + u" cannot be read");
+  if (object.offsetsStatus) return Variant(*object.offsetsStatus);
+  return Variant(object.offsets.value_or(String()));
 }
 
 const ScadaApplication& SimulatedScada::Application(int32_t number) const {

@@ -18,7 +18,9 @@
 //   #return do(BGU_CONTROL:CCP, ("<name>",<index>),"GET_OFFSETS") answers the
 //   offsets text of the object with that logical name and index in the
 //   application (any kind letter, first in table order); "" when that object
-//   has no offsets; the Long kOffsetsUnknownObject when there is no such object.
+//   has no offsets; the Long kOffsetsUnknownObject when there is no such object;
+//   the object's own status (a Long) when it has one; it raises
+//   kInjectedFault for an object whose offsets cannot be read.
 // - A text registered with SetAnswer gets its registered answer.
 // - Any other text raises kRequestNotUnderstood.
 //
@@ -85,7 +87,9 @@ struct ScadaObject {
   char16_t kind = u'P';     // object kind letter, upper case
   int32_t index = 0;        // 0: the object has no index
   std::vector<ScadaAttribute> attributes;
-  std::optional<String> offsets;  // the offsets request's answer
+  std::optional<String> offsets;                        // the offsets request's answer
+  std::optional<int32_t> offsetsStatus = std::nullopt;  // a status (Long) answered instead of offsets text
+  bool offsetsFail = false;                             // the offsets request raises kInjectedFault
 };
 
 enum class ScadaCall { kGetApplications, kExecuteKorl, kScriptFileChanged, kExecuteKorlInApp, kValidateItem };
