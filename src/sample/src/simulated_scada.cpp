@@ -167,6 +167,15 @@ void SimulatedScada::SetCurrentApplication(int32_t number) {
   current_ = number;
 }
 
+void SimulatedScada::SetApplicationDirectory(int32_t number, String directory) {
+  auto found = std::find_if(applications_.begin(), applications_.end(),
+                            [number](const ScadaApplication& a) { return a.number == number; });
+  if (found == applications_.end()) {
+    Raise(automation::err::kInvalidProcedureCall, u"Application " + ToDecimal(number) + u" does not exist");
+  }
+  found->directory = std::move(directory);
+}
+
 void SimulatedScada::SetAnswer(const String& request, Variant answer) { answers_[request] = std::move(answer); }
 
 void SimulatedScada::SetCallFails(ScadaCall call, bool fails) {

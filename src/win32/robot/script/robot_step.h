@@ -15,6 +15,7 @@ enum class StepKind {
   // Actions: the robot acts; a failure stops the script.
   kWaitForm,         // wait form NAME
   kWaitGone,         // wait gone
+  kCloseWindow,      // close window CLASS
   kClick,            // click NAME
   kClickNode,        // click node KEY
   kDoubleClickNode,  // dblclick node KEY

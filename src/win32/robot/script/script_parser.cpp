@@ -61,6 +61,7 @@ class LineReader {
   std::string Read() {
     const std::string verb = Bare(0);
     if (verb == "wait") return Wait();
+    if (verb == "close") return CloseWindow();
     if (verb == "click" || verb == "dblclick") return Click(verb == "dblclick");
     if (verb == "type") return Type();
     if (verb == "key") return Key();
@@ -95,6 +96,13 @@ class LineReader {
       return Expect(2, "wait gone");
     }
     return "expected: wait form NAME, or wait gone";
+  }
+
+  std::string CloseWindow() {
+    if (Bare(1) != "window" || !Has(2)) return "expected: close window CLASS";
+    step_.kind = StepKind::kCloseWindow;
+    step_.target = Text(2);
+    return Expect(3, "close window CLASS");
   }
 
   std::string Click(bool twice) {

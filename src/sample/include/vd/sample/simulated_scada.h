@@ -118,6 +118,8 @@ class SimulatedScada final : public toolkit::Communication {
   void SetAttribute(int32_t application, const String& name, char16_t kind, int32_t index, const String& attribute,
                     Variant value);
   void SetCurrentApplication(int32_t number);
+  // Moves an application to another directory; error 5 for an unknown number.
+  void SetApplicationDirectory(int32_t number, String directory);
   [[nodiscard]] int32_t CurrentApplication() const { return current_; }
   void SetAnswer(const String& request, Variant answer);
   [[nodiscard]] const std::vector<ScadaApplication>& Applications() const { return applications_; }
