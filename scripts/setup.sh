@@ -7,7 +7,7 @@ packages=(
   cmake ninja-build g++ clang clang-format clang-tidy libclang-rt-14-dev
   googletest libgtest-dev libgmock-dev libbenchmark-dev nlohmann-json3-dev
   g++-mingw-w64-x86-64 g++-mingw-w64-i686 mingw-w64-tools binutils-mingw-w64-x86-64 binutils-mingw-w64-i686
-  libwine-dev wine wine64 xvfb x11-utils xauth imagemagick
+  libwine-dev wine wine64 fonts-wine xvfb x11-utils xauth imagemagick
 )
 
 missing=()

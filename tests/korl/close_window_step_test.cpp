@@ -16,9 +16,9 @@ TEST(CloseWindowStep, NamesAWindowClassAndIsAnAction) {
   EXPECT_FALSE(script.steps[0].IsCheck());
 }
 
-TEST(CloseWindowStep, RefusesAMissingOrExtraWord) {
-  for (const char* line :
-       {"close", "close window", "close Notepad", "close window Notepad now", "close \"window\" X"}) {
+TEST(CloseWindowStep, RefusesAMissingOrExtraWordButLeavesTheFormsCloseAlone) {
+  EXPECT_EQ(ParseScript("close").steps.at(0).kind, StepKind::kClose);
+  for (const char* line : {"close window", "close Notepad", "close window Notepad now", "close \"window\" X"}) {
     const ParsedScript script = ParseScript(line);
     EXPECT_EQ(script.errors.size(), 1u) << line;
     EXPECT_TRUE(script.steps.empty()) << line;

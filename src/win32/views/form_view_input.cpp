@@ -41,7 +41,12 @@ bool FormView::PreTranslate(MSG& message) {
       if (message.wParam != VK_TAB) {
         const auto keyCode = static_cast<int16_t>(message.wParam);
         const int16_t shift = ShiftState(message);
+        const uint32_t runsBefore = context_.modalRuns;
         UserAction([&] { form_.UserKeyDown(keyCode, shift); });
+        // A key that opened a dialog (Ctrl+F: the find dialog) was the form's.
+        // Its modifiers are up by now, so the control would take it for a
+        // plain letter: a tree would jump to the next node with that initial.
+        if (context_.modalRuns != runsBefore) return true;
       }
       break;
     case WM_CHAR: {

@@ -50,8 +50,6 @@ check cmdTelvaneDsApply disabled
 click node "8:1"
 check txtTelvaneObjectReference text ""
 click node "6:6"
-screenshot scada-look-variable.bmp
 click node "_Raw_Water_Station.custom6"
-screenshot scada-look-data-source.bmp
 click dbClose
 wait gone

@@ -48,7 +48,6 @@ Class TestScada
 End Class
 
 Dim ui, d, station, run, trend, spare, comm
-StartRobot "scada_comm"
 Set ui = CreateObject("VarDeskGUI.VarDeskUI")
 Set d = New TestDisplay
 Set d.List = New TestDsList
