@@ -332,6 +332,22 @@ class frmDataBrowser : public forms::Form {
   void cmdTelvaneDsvValidate_Click();
   void lblObjectReference_Click();
 
+  // The data-change script file of a generic signal (scada/script_files.cpp).
+  // The combo lists the two commands, then the application's script files.
+  void FillKorlFileList(const toolkit::DsvRef& dsv, const String& storedFile);
+  void cmbKorlFileSelect_Click();
+  void cmbKorlFileSelect_Change();
+  void CreateNewKorlFile();
+  void EditSelectedKorlFile();
+  // Copies a template to file, or writes the default text.
+  void CreateKorlFile(const String& file, const String& applicationPath);
+  // Opens file in program with the dialog disabled until the program ends,
+  // then tells the SCADA system that the file changed.
+  void EditFileAndWait(const String& program, const String& file);
+
+  // The rescan of item offsets (scada/rescan.cpp).
+  void Command1_Click();
+
   // --- State ---
   platform::Services& services;
 
@@ -378,6 +394,9 @@ class frmDataBrowser : public forms::Form {
   bool LoadingApplications = false;
   // The signal type the mapping frame was filled with; kept when it has no list entry.
   int32_t FilledSignalType = 0;
+  // The script file the combo stands for: the stored one, or the one typed or
+  // chosen since; what the combo shows again after a command entry.
+  String KorlFileName;
 };
 
 }  // namespace vd::browser
