@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
 # Checks formatting and static analysis.
-#   scripts/lint.sh                      everything: src/ tests/ bench/ fuzz/
+#   scripts/lint.sh                      everything: src/ tests/ tools/ bench/ fuzz/
 #   scripts/lint.sh src/automation ...   only these folders or files
 # clang-format --dry-run -Werror runs over every *.h and *.cpp below the paths;
 # clang-tidy (.clang-tidy in the repository root) over the translation units
@@ -12,7 +12,7 @@ set -uo pipefail
 cd "$(dirname "$0")/.."
 
 paths=("$@")
-((${#paths[@]})) || paths=(src tests bench fuzz)
+((${#paths[@]})) || paths=(src tests tools bench fuzz)
 for p in "${paths[@]}"; do
   [[ -e $p ]] || { echo "lint: no such path: $p" >&2; exit 2; }
 done

@@ -9,7 +9,7 @@ set -uo pipefail
 cd "$(dirname "$0")/.."
 program=build/win64/bin/vd_bench_tree_mirror.exe
 [[ -f $program ]] || { echo "no timing program at $program (build the win64 preset's vd_bench_tree_mirror first)" >&2; exit 1; }
-source scripts/wine-display.sh
-wine_display_start "$PWD/build/winviews-bench-prefix" || exit 1
-trap wine_display_stop EXIT
-"$WINE_LOADER" "$program" "$@" 2>/dev/null | tr -d '\r'
+source scripts/wine-session.sh
+wine_session_start "$PWD/build/winviews-bench-session" fresh || exit 1
+trap 'wine_session_stop "$PWD/build/winviews-bench-session"' EXIT
+"$WINE" "$program" "$@" 2>/dev/null | tr -d '\r'

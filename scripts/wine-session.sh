@@ -1,15 +1,14 @@
-# Sourced by the scripts that run the Windows programs under Wine with a
-# screen (demo, Wine tests, dialog benchmark).
-#   wine_session_screen [own]   $DISPLAY when it answers (and "own" is not
-#                               asked), else a virtual screen (Xvfb) on a free
-#                               display number; sets DISPLAY and
-#                               WINE_SESSION_OWN_SCREEN (yes / empty).
-#   wine_session_prefix DIR [fresh]
-#                               WINEPREFIX=DIR, made when missing (always with
-#                               "fresh"), one wineserver kept for the session;
-#                               on a virtual screen Wine draws frames and
-#                               captions itself (X11 Managed=N: no window manager).
-#   wine_session_end            ends the wineserver and the virtual screen.
+#!/usr/bin/env bash
+# The Wine session the Windows programs run in: a Wine prefix with the crash
+# dialog off (a crash prints its backtrace and ends), one wineserver, and a
+# screen: a virtual one (Xvfb), or the user's $DISPLAY where asked for.
+# A session lives in a folder: prefix/, and "display" while it runs.
+#
+# Run:    wine-session.sh start DIR [fresh] [user-screen]    (CTest's fixture)
+#         wine-session.sh stop DIR
+# Source: wine_session_start / wine_session_stop DIR as above;
+#         wine_session_attach DIR   uses a running session (false when none);
+#         wine_session_use DIR      attaches, or starts one that ends on exit.
 # WINE is the 64-bit loader; wine_winpath PATH gives PATH as Wine sees it.
 
 if [[ -x /usr/lib/wine/wine64 ]]; then
@@ -18,57 +17,79 @@ else
   WINE=$(command -v wine64 || command -v wine)
 fi
 export WINEARCH=win64 WINEDEBUG=-all WINELOADER=$WINE
-WINE_SESSION_OWN_SCREEN=
-_wine_session_xvfb=
 
 wine_winpath() { local p=${1//\//\\}; printf 'Z:%s' "$p"; }  # Wine maps Z: to /
 
-wine_session_screen() {
-  if [[ ${1:-} != own && -n ${DISPLAY:-} ]] && xdpyinfo >/dev/null 2>&1; then
-    WINE_SESSION_OWN_SCREEN=
-    return 0
-  fi
-  local n
-  for n in $(seq 90 190); do
-    [[ -e /tmp/.X$n-lock || -e /tmp/.X11-unix/X$n ]] || break
-  done
-  Xvfb ":$n" -screen 0 1024x768x24 -nolisten tcp >/dev/null 2>&1 &
-  _wine_session_xvfb=$!
-  export DISPLAY=:$n
-  WINE_SESSION_OWN_SCREEN=yes
-  for _ in $(seq 1 200); do  # the server answers within a few seconds
-    xdpyinfo >/dev/null 2>&1 && return 0
-    kill -0 "$_wine_session_xvfb" 2>/dev/null || break
-    sleep 0.1
-  done
-  echo "no virtual screen: Xvfb does not answer on $DISPLAY" >&2
-  unset DISPLAY
-  return 1
+wine_session_attach() {
+  local dir=$1
+  [[ -s $dir/display ]] || return 1
+  export DISPLAY WINEPREFIX=$dir/prefix
+  DISPLAY=$(<"$dir/display")
+  xdpyinfo >/dev/null 2>&1
 }
 
-wine_session_prefix() {
-  export WINEPREFIX=$1
-  wineserver -k >/dev/null 2>&1 || true
-  if [[ ${2:-} == fresh ]]; then rm -rf "$WINEPREFIX"; fi
-  if [[ ! -d $WINEPREFIX/drive_c/windows/system32 ]]; then
-    "$WINE" wineboot -i >/dev/null 2>&1 || true  # its status says nothing; the folder does
+# Nothing the session starts keeps the caller's output open: CTest waits for it to close.
+_wine_session_quiet() { "$@" </dev/null >/dev/null 2>&1 || true; }
+
+wine_session_start() {
+  local dir=$1 fresh= user= n= word
+  for word in "${@:2}"; do
+    case $word in fresh) fresh=yes ;; user-screen) user=yes ;; esac
+  done
+  mkdir -p "$dir"
+  dir=$(cd "$dir" && pwd)
+  wine_session_stop "$dir"
+  if [[ -n $user && -n ${DISPLAY:-} ]] && xdpyinfo >/dev/null 2>&1; then
+    : >"$dir/xvfb.pid"
+  else
+    # Xvfb picks a free display itself and names it once it answers.
+    rm -f "$dir/displayfd"
+    mkfifo "$dir/displayfd"
+    setsid Xvfb -displayfd 3 -screen 0 1024x768x24 -nolisten tcp 3>"$dir/displayfd" </dev/null >/dev/null 2>&1 &
+    echo $! >"$dir/xvfb.pid"
+    read -r -t 30 n <"$dir/displayfd"
+    rm -f "$dir/displayfd"
+    [[ -n $n ]] || { echo "no virtual screen: Xvfb did not start" >&2; return 1; }
+    export DISPLAY=:$n
   fi
-  wineserver -p 2>/dev/null || true  # one server for the session, unless one runs already
-  local managed=Y reg=$WINEPREFIX/x11-managed.reg
-  [[ -n $WINE_SESSION_OWN_SCREEN ]] && managed=N
-  # A crash prints its backtrace and ends the program rather than wait in a dialog for a click.
+  export WINEPREFIX=$dir/prefix
+  [[ -n $fresh ]] && rm -rf "$WINEPREFIX"
+  if [[ ! -d $WINEPREFIX/drive_c/windows/system32 ]]; then
+    _wine_session_quiet "$WINE" wineboot -i  # its status says nothing; the folder does
+  fi
+  _wine_session_quiet wineserver -p  # one server for the session
+  # Without a window manager on the virtual screen Wine draws frames and captions itself.
+  local managed=N reg=$WINEPREFIX/session.reg
+  [[ -s $dir/xvfb.pid ]] || managed=Y
   printf 'REGEDIT4\r\n\r\n[HKEY_CURRENT_USER\\Software\\Wine\\X11 Driver]\r\n"Managed"="%s"\r\n\r\n%s\r\n%s\r\n' \
     "$managed" '[HKEY_CURRENT_USER\Software\Wine\WineDbg]' '"ShowCrashDialog"=dword:00000000' >"$reg"
-  "$WINE" regedit /S "$(wine_winpath "$reg")" >/dev/null 2>&1 || true
-  [[ -d $WINEPREFIX/drive_c/windows/system32 ]]
+  _wine_session_quiet "$WINE" regedit /S "$(wine_winpath "$reg")"
+  [[ -d $WINEPREFIX/drive_c/windows/system32 ]] || { echo "the Wine prefix was not made" >&2; return 1; }
+  echo "$DISPLAY" >"$dir/display"
 }
 
-wine_session_end() {
-  wineserver -k >/dev/null 2>&1 || true
-  if [[ -n $_wine_session_xvfb ]]; then
-    kill "$_wine_session_xvfb" 2>/dev/null || true
-    wait "$_wine_session_xvfb" 2>/dev/null || true
-    _wine_session_xvfb=
+wine_session_stop() {
+  local dir=$1 pid=
+  [[ -d $dir/prefix ]] && { WINEPREFIX=$dir/prefix wineserver -k >/dev/null 2>&1 || true; }
+  [[ -s $dir/xvfb.pid ]] && pid=$(<"$dir/xvfb.pid")
+  if [[ -n $pid ]] && kill "$pid" 2>/dev/null; then
+    for _ in $(seq 1 50); do kill -0 "$pid" 2>/dev/null || break; sleep 0.1; done
   fi
+  rm -f "$dir/display" "$dir/xvfb.pid"
   return 0
 }
+
+wine_session_use() {
+  wine_session_attach "$1" && return 0
+  wine_session_start "$1" || return 1
+  _wine_session_own=$1
+  trap 'wine_session_stop "$_wine_session_own"' EXIT
+}
+
+if [[ ${BASH_SOURCE[0]} == "$0" ]]; then
+  case ${1:-} in
+    start) wine_session_start "${@:2}" ;;
+    stop) wine_session_stop "${2:?usage: wine-session.sh stop DIR}" ;;
+    *) echo "usage: wine-session.sh start DIR [fresh] [user-screen] | stop DIR" >&2; exit 2 ;;
+  esac
+fi

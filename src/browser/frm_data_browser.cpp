@@ -40,6 +40,7 @@ void frmDataBrowser::WireEvents() {
 
   WireDsPanelEvents();
   WireDsvPanelEvents();
+  WireScadaEvents();
 }
 
 }  // namespace vd::browser

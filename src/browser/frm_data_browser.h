@@ -254,11 +254,49 @@ class frmDataBrowser : public forms::Form {
 
   // --- SCADA data sources and variables (scada/) ---
   bool IsTelvaneDataSource(const toolkit::DsRef& ds);
-  // The SCADA settings frame of a data source, and the mapping frame of a variable.
+  // The applications' root directory from the SCADA system, "" when it cannot be had.
+  String GetApplicationPath(int32_t applicationNr);
+  void WireScadaEvents();
+
+  // The settings frame of a SCADA data source (scada/ds_settings*.cpp).
   void FillTelvaneDsPanel(const toolkit::DsRef& ds);
-  void FillTelvaneDsvPanel(const toolkit::DsvRef& dsv);
-  // The signal type field of a variable's mapping code.
+  int32_t GetDsApplicationNr(const toolkit::DsRef& ds);
+  int32_t GetDsBlinkPeriod(const toolkit::DsRef& ds);
+  void SetDsBlinkPeriod(const toolkit::DsRef& ds, int32_t period);
+  // True when every variable's item id was handled.
+  bool SetDsApplicationNr(const toolkit::DsRef& ds, int32_t applicationNr);
+  void SetDsvItemIdApplication(const toolkit::DsvRef& dsv, int32_t applicationNr);
+  int32_t GetSelectedApplicationNr();
+  toolkit::DsRef GetCurrentDs();
+  void LoadApplications();
+  void UpdateDsApplyButton(const toolkit::DsRef& ds, bool applyNow);
+  void SetMousePointer(int16_t pointer);
+  void cboTelvaneApplication_Click();
+  void cboTelvaneApplication_Change();
+  void cboTelvaneApplication_DropDown();
+  void cmdTelvaneDsApply_Click();
+
+  // The mapping frame of a SCADA variable (scada/object_mapping*.cpp).
+  static bool BuildItemId(const String& objectReference, int32_t applicationNr, String& itemId);
+  static bool ParseItemId(const String& itemId, String& objectReference);
+  static bool SetItemIdApplication(String& itemId, int32_t applicationNr);
+  // The fields of a variable's mapping code: swap code x 16 + signal type.
   static int32_t DecodeSignalType(int32_t code);
+  static int32_t DecodeSwap(int32_t code);
+  static int32_t EncodeMapping(int32_t signalType, int32_t swap);
+  int32_t GetSignalType();
+  int32_t GetSwapOption();
+  void SetSwapOption(int32_t swap);
+  void ShowSignalTypeControls();
+  int32_t GetDsvMappingCode(const toolkit::DsvRef& dsv);
+  void SetDsvVarInfo(const toolkit::DsvRef& dsv, const String& text);
+  bool ApplyDsvMapping(const toolkit::DsvRef& dsv);
+  void FillTelvaneDsvPanel(const toolkit::DsvRef& dsv);
+  void UpdateTelvaneDsvButtons(bool applyNow);
+  void cmdTelvaneDsvApply_Click();
+  void cmdTelvaneDsvUndo_Click();
+  void cmdTelvaneDsvValidate_Click();
+  void lblObjectReference_Click();
 
   // --- State ---
   platform::Services& services;
@@ -300,6 +338,10 @@ class frmDataBrowser : public forms::Form {
   String ConstantDsTypeName;
   // The variable's value when its value box got the focus.
   double SavedDsvValue = 0;
+  // True while the application list is rebuilt: the combo's handlers ignore it.
+  bool LoadingApplications = false;
+  // The signal type the mapping frame was filled with; kept when it has no list entry.
+  int32_t FilledSignalType = 0;
 };
 
 }  // namespace vd::browser

@@ -54,8 +54,8 @@ void frmDataBrowser::DesignControls() {
   fraTelvaneDsSettings.Move(4680, 2820, 4935, 2175);
   lblApplication.Move(120, 300, 1215, 255);
   cboTelvaneApplication.Move(1440, 255, 3375, 315);
-  lblBlinkPeriod.Move(120, 735, 2535, 255);
-  txtBlinkPeriod.Move(2700, 690, 1095, 315);
+  lblBlinkPeriod.Move(120, 735, 2655, 255);
+  txtBlinkPeriod.Move(2820, 690, 975, 315);
   lblMsecs.Move(3855, 735, 735, 255);
   Command1.Move(120, 1170, 1095, 345);
   Command1.SetToolTipText(u"Update possible changes of standard function configurations (.DAT files) to datavariables");
@@ -88,8 +88,8 @@ void frmDataBrowser::DesignControls() {
   // The swap options, the colour indexes and the script file share one place:
   // the signal type shows one of them.
   fraTelvaneDsvSettings.Move(9840, 3720, 4935, 2715);
-  lblObjectReference.Move(120, 300, 1455, 255);
-  txtTelvaneObjectReference.Move(1620, 255, 3195, 315);
+  lblObjectReference.Move(120, 300, 1575, 255);
+  txtTelvaneObjectReference.Move(1740, 255, 3075, 315);
   lblSignalType.Move(120, 705, 1455, 255);
   cboTelvaneSignalType.Move(1620, 660, 1935, 315);
   cboTelvaneSignalType.AddItem(u"State indication");

@@ -1,24 +1,17 @@
-// Telling a SCADA data source from other custom data sources.
+// Telling a SCADA data source from other custom data sources, and the
+// applications' directory, for the SCADA frames.
 #include "browser/frm_data_browser.h"
-#include "browser/object_access.h"
+#include "platform/services.h"
+#include "scada/sa_data_sources.h"
 
 namespace vd::browser {
-namespace {
-constexpr char16_t kScadaDsMarker[] = u"Telvane DV DataSource";
-}  // namespace
 
 bool frmDataBrowser::IsTelvaneDataSource(const toolkit::DsRef& ds) {
-  // A custom data source whose first parameter is the marker text; the
-  // parameter list is only read, never grown.
-  if (Obj(ds).GetDsType() != toolkit::kind::kCustom) return false;
-  const toolkit::CustomDsRef custom = ds->AsCustom();
-  if (!custom) automation::Raise(automation::err::kTypeMismatch);
-  const toolkit::ParamListRef params = custom->GetParams();
-  if (Obj(params).ParamCount() < 2) return false;
-  const toolkit::ParamRef first = params->ParamItem(1);
-  if (Obj(first).GetParamType() != toolkit::paramtype::kText) return false;
-  const Variant value = first->GetParamValue();
-  return value.Type() == automation::VarType::kString && value.AsString() == kScadaDsMarker;
+  return scada::modSADataSources::IsTelvaneDataSource(ds);
+}
+
+String frmDataBrowser::GetApplicationPath(int32_t applicationNr) {
+  return scada::modSADataSources::GetApplicationPath(communication, applicationNr, services.ui);
 }
 
 }  // namespace vd::browser

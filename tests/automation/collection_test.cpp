@@ -56,16 +56,6 @@ TEST(Collection, ADuplicateKeyRaises457AndChangesNothing) {
   }
 }
 
-TEST(Collection, TheEmptyTextIsAKeyLikeAnyOther) {
-  Collection<int> c;
-  c.Add(1, u"");
-  EXPECT_TRUE(c.Exists(u""));
-  EXPECT_EQ(c.Item(u""), 1);
-  EXPECT_EQ(ErrorNumberOf([&] { c.Add(2, u""); }), err::kKeyAlreadyInCollection);
-  c.Remove(u"");
-  EXPECT_EQ(c.Count(), 0);
-}
-
 TEST(Collection, PositionsOutOfRangeRaise9) {
   Collection<int> c = Sample();
   for (const int32_t index : {0, -1, 4, 100}) {
@@ -101,28 +91,6 @@ TEST(Collection, InsertsAndRemovesKeepKeysOnTheirItems) {
   c.Clear();
   EXPECT_EQ(c.Count(), 0);
   EXPECT_FALSE(c.Exists(u"beta"));
-}
-
-TEST(Collection, CopiesAreIndependent) {
-  Collection<int> original = Sample();
-  Collection<int> copy = original;
-  copy.Item(u"alpha") = 11;
-  copy.Remove(u"beta");
-  EXPECT_EQ(original.Item(u"alpha"), 10);
-  EXPECT_EQ(original.Item(u"beta"), 30);
-  EXPECT_EQ(copy.Item(u"alpha"), 11);
-  EXPECT_FALSE(copy.Exists(u"beta"));
-
-  Collection<int> assigned;
-  assigned.Add(1, u"other");
-  assigned = original;
-  EXPECT_FALSE(assigned.Exists(u"other"));
-  EXPECT_EQ(Items(assigned), Items(original));
-
-  Collection<int> moved = std::move(assigned);
-  moved.Item(u"ALPHA") = 12;
-  EXPECT_EQ(moved.Item(1), 12);
-  EXPECT_EQ(original.Item(1), 10);
 }
 
 // A model of the rules (a list of items with optional keys, searched one by

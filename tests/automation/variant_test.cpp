@@ -65,16 +65,6 @@ TEST(Variant, AccessorsRaiseOnAnotherKind) {
   EXPECT_EQ(ErrorNumberOf([&] { (void)number.AsObject(); }), err::kObjectRequired);
 }
 
-TEST(Variant, ObjectAsFindsTheInterfaceOrNothing) {
-  auto tank = std::make_shared<Tank>();
-  const Variant v(tank);
-  EXPECT_EQ(v.ObjectAs<Tank>(), tank);
-  EXPECT_EQ(v.ObjectAs<Pump>(), nullptr);
-  EXPECT_EQ(Variant(nullptr).ObjectAs<Tank>(), nullptr);
-  EXPECT_EQ(Variant(1).ObjectAs<Tank>(), nullptr);
-  EXPECT_EQ(v.AsObject(), tank);
-}
-
 TEST(Variant, EqualityNeedsTheSameKindAndValue) {
   auto tank = std::make_shared<Tank>();
   const struct {
@@ -99,22 +89,6 @@ TEST(Variant, EqualityNeedsTheSameKindAndValue) {
   for (const auto& c : cases) {
     EXPECT_EQ(c.a == c.b, c.equal) << ToUtf8(TypeName(c.a)) << " / " << ToUtf8(TypeName(c.b));
     EXPECT_EQ(c.b == c.a, c.equal) << ToUtf8(TypeName(c.a)) << " / " << ToUtf8(TypeName(c.b));
-  }
-}
-
-TEST(Array, UpperBoundFollowsTheLowerBound) {
-  const struct {
-    Array array;
-    int32_t upper;
-  } cases[] = {
-      {Array{0, {}}, -1},
-      {Array{0, {1, 2, 3}}, 2},
-      {Array{1, {1, 2}}, 2},
-      {Array{-2, {1}}, -2},
-  };
-  for (const auto& c : cases) {
-    EXPECT_EQ(c.array.UpperBound(), c.upper);
-    EXPECT_EQ(Variant(c.array).AsArray().UpperBound(), c.upper);
   }
 }
 

@@ -156,14 +156,5 @@ TEST(CheckBoxValue, OutsideZeroToTwoIsRefused) {
   EXPECT_TRUE(form.log.empty());
 }
 
-TEST(ProgressBarValue, StaysBetweenMinAndMax) {
-  EventLogForm form;
-  form.pbProgress.SetValue(100);
-  EXPECT_THROW(form.pbProgress.SetValue(100.5f), vd::automation::AutomationError);
-  EXPECT_THROW(form.pbProgress.SetValue(-1), vd::automation::AutomationError);
-  form.pbProgress.SetMax(50);
-  EXPECT_EQ(form.pbProgress.Value(), 50);
-}
-
 }  // namespace
 }  // namespace vd::forms::test

@@ -83,15 +83,6 @@ TEST(Focus, AClickOnAButtonTakesTheFocusBeforeClick) {
   EXPECT_EQ(form.log, (Logs{"txtValue.LostFocus", "cmdOK.GotFocus", "cmdOK.Click"}));
 }
 
-TEST(Focus, AClickOnALabelLeavesTheFocusWhereItIs) {
-  EventLogForm form;
-  form.txtValue.SetFocus();
-  form.log.clear();
-  ASSERT_TRUE(form.lblName.UserClick());
-  EXPECT_EQ(form.log, (Logs{"lblName.Click"}));
-  EXPECT_EQ(form.ActiveControl(), &form.txtValue);
-}
-
 TEST(Focus, TheUserCannotActOnHiddenOrDisabledControls) {
   const struct {
     const char* name;

@@ -177,16 +177,6 @@ TEST(KeyPreview, KeyDownReachesTheFormFirstWhicheverControlHasTheFocus) {
   }
 }
 
-TEST(KeyPreview, TypedCharactersReachTheFormFirstToo) {
-  EventLogForm form;
-  form.SetKeyPreview(true);
-  form.onKeyPress = [&](int16_t& ascii) {
-    if (ascii == 'x') ascii = 0;
-  };
-  ASSERT_TRUE(form.txtName.UserTypeKeys(u"axb"));
-  EXPECT_EQ(form.txtName.Text(), u"ab");
-}
-
 }  // namespace
 }  // namespace vd::forms::test
 

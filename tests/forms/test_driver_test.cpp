@@ -22,26 +22,6 @@ class DialogForm : public EventLogForm {
   }
 };
 
-TEST(TestDriver, PerformsTheStepsInOrderUntilTheFormHides) {
-  DialogForm form;
-  TestDriver user;
-  user.Type(form.txtName, u"Lev")
-      .TypeKeys(form.txtValue, u"12")
-      .Tick(form.chkAll)
-      .SelectNode(form.treItems, u"2:1")
-      .Check([&] { form.log.push_back("check"); })
-      .Click(form.cmdOK);
-  form.Show(true);
-  EXPECT_EQ(form.log, (Logs{"txtName.GotFocus", "txtName.Change", "txtName.LostFocus", "txtValue.GotFocus",
-                            "txtValue.KeyPress 49", "txtValue.Change", "txtValue.KeyPress 50", "txtValue.Change",
-                            "txtValue.LostFocus", "chkAll.GotFocus", "chkAll.Click", "chkAll.LostFocus",
-                            "treItems.GotFocus", "treItems.NodeClick 2:1", "treItems.Click", "check",
-                            "treItems.LostFocus", "cmdOK.GotFocus", "cmdOK.Click"}));
-  EXPECT_EQ(form.txtValue.Text(), u"12");
-  EXPECT_EQ(form.chkAll.Value(), vbChecked);
-  EXPECT_FALSE(form.Visible());
-}
-
 TEST(TestDriver, UsesTheSameEntryPointsAsAView) {
   // The same user actions reported by a view and played by the driver leave the same events.
   DialogForm viewed;
@@ -122,47 +102,6 @@ TEST(TestDriver, FailsOnStepsAUserCouldNotDo) {
     c.script(form, user);
     SCOPED_TRACE(c.name);
     EXPECT_NONFATAL_FAILURE(user.RunAll(), c.message);
-  }
-}
-
-TEST(TestDriver, FailsWhenStepsAreLeftOver) {
-  DialogForm form;
-  EXPECT_NONFATAL_FAILURE(
-      {
-        TestDriver user;
-        user.Click(form.cmdOK).Type(form.txtName, u"never");
-        form.Show(true);
-      },
-      "1 scripted step(s) never ran; the first: type into txtName");
-  EXPECT_EQ(form.txtName.Text(), u"");
-}
-
-TEST(TestDriver, TypingTheWholeTextFiresOneChangeKeysOneEach) {
-  const struct {
-    bool keyByKey;
-    const char16_t* start;
-    const char16_t* typed;
-    const char16_t* text;
-    int changes;
-  } cases[] = {
-      {false, u"", u"Level", u"Level", 1},      {true, u"", u"Level", u"Level", 5},
-      {true, u"Lev", u"el", u"Level", 2},       {true, u"Levx", u"\bel", u"Level", 3},
-      {false, u"Level", u"Level", u"Level", 0},
-  };
-  for (const auto& c : cases) {
-    DialogForm form;
-    form.txtName.SetText(c.start);
-    int changes = 0;
-    form.txtName.onChange = [&] { ++changes; };
-    TestDriver user;
-    if (c.keyByKey) {
-      user.TypeKeys(form.txtName, c.typed);
-    } else {
-      user.Type(form.txtName, c.typed);
-    }
-    user.RunAll();
-    EXPECT_EQ(form.txtName.Text(), c.text);
-    EXPECT_EQ(changes, c.changes) << vd::automation::ToUtf8(c.typed);
   }
 }
 

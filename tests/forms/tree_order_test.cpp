@@ -85,15 +85,6 @@ TEST(DisplayOrder, RenamingUnderASortedParentMovesTheNode) {
   EXPECT_EQ(ChildTexts(form.treItems, parent), (Texts{"b", "c", "D"}));
 }
 
-TEST(DisplayOrder, UnsortingKeepsTheOrderAndNewNodesComeLast) {
-  EventLogForm form;
-  const NodeRef parent = AddChildren(form.treItems, {"b", "a"}, SortWhen::kAfterAdding);
-  parent->SetSorted(false);
-  form.treItems.Nodes().Add(u"P", tvwChild, u"new", u"0");
-  form.treItems.Nodes().Item(u"c2")->SetText(u"z");
-  EXPECT_EQ(ChildTexts(form.treItems, parent), (Texts{"z", "b", "0"}));
-}
-
 TEST(DisplayOrder, TheTreesSortedOrdersTopLevelNodesOnly) {
   EventLogForm form;
   TreeView& tree = form.treItems;
@@ -106,14 +97,6 @@ TEST(DisplayOrder, TheTreesSortedOrdersTopLevelNodesOnly) {
   EXPECT_EQ(ChildTexts(tree, nullptr), (Texts{"alarms", "Ash", "Boiler", "Plant"}));
   EXPECT_EQ(tree.Nodes().Item(u"Plant")->Index(), 1);
   EXPECT_EQ(tree.Nodes().Item(u"Ash")->Index(), 6);
-}
-
-TEST(DisplayOrder, ANodeAddedNextToASortedSiblingStillGoesToItsPlace) {
-  EventLogForm form;
-  const NodeRef parent = AddChildren(form.treItems, {"a", "m"}, SortWhen::kBeforeAdding);
-  form.treItems.Nodes().Add(u"c2", tvwNext, u"new", u"B");
-  form.treItems.Nodes().Add(u"c1", tvwPrevious, u"new2", u"z");
-  EXPECT_EQ(ChildTexts(form.treItems, parent), (Texts{"a", "B", "m", "z"}));
 }
 
 }  // namespace

@@ -116,17 +116,6 @@ TEST(TreeSelection, CollapsingMovesTheSelectionFromBelowToTheCollapsedNode) {
   }
 }
 
-TEST(TreeSelection, TheUserCollapsesOnlyExpandedNodesWithChildren) {
-  EventLogForm form;
-  BuildTree(form.treItems, 2, 1);
-  Nodes& nodes = form.treItems.Nodes();
-  EXPECT_FALSE(form.treItems.UserCollapse(nodes.Item(DsKey(1))));  // collapsed already
-  EXPECT_FALSE(form.treItems.UserCollapse(nodes.Item(u"1:1")));    // no children
-  EXPECT_TRUE(form.treItems.UserExpand(nodes.Item(DsKey(1))));
-  EXPECT_FALSE(form.treItems.UserExpand(nodes.Item(DsKey(1))));
-  EXPECT_EQ(form.log, (Logs{"treItems.GotFocus", "treItems.Expand _Ds1"}));
-}
-
 TEST(TreeSelection, EnsureVisibleAndSelectingExpandEveryAncestor) {
   for (const bool bySelecting : {false, true}) {
     EventLogForm form;

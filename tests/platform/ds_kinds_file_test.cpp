@@ -33,20 +33,12 @@ INSTANTIATE_TEST_SUITE_P(
     ::testing::Values(
         LineCase{"Plain", u"File DVDefault.File", Entry(u"File", u"DVDefault.File")},
         LineCase{"EmptyLine", u"", std::nullopt}, LineCase{"CommentLine", u"#File DVDefault.File", std::nullopt},
-        LineCase{"LoneHash", u"#", std::nullopt},
-        LineCase{"IndentedCommentIsCutToNothing", u"   # File DVDefault.File", std::nullopt},
-        LineCase{"BlanksOnly", u"   \t ", std::nullopt},
         LineCase{"TrailingCommentAfterBlanks", u"Name   Class.Name   # comment", Entry(u"Name", u"Class.Name")},
-        LineCase{"CommentWithoutBlankBefore", u"Name Class#comment", Entry(u"Name", u"Class")},
         LineCase{"CutAtTheFirstHash", u"Name Cl#ass#x", Entry(u"Name", u"Cl")},
-        LineCase{"CommentLeavesNoClass", u"Name #Class", std::nullopt},
-        LineCase{"HashRightAfterName", u"Name# Class", std::nullopt}, LineCase{"NoBlank", u"NameOnly", std::nullopt},
-        LineCase{"NoBlankButTrailingBlanks", u"NameOnly  \t ", std::nullopt},
+        LineCase{"CommentLeavesNoClass", u"Name #Class", std::nullopt}, LineCase{"NoBlank", u"NameOnly", std::nullopt},
         LineCase{"LeadingBlanksAndTabsGo", u" \t Name Class", Entry(u"Name", u"Class")},
-        LineCase{"TabsSeparate", u"Name\t\tClass\t", Entry(u"Name", u"Class")},
         LineCase{"ClassKeepsSingleBlanks", u"Name My   Class\tName", Entry(u"Name", u"My Class Name")},
-        LineCase{"OtherControlCharactersStay", u"N\x01me Cl\0ss"s, Entry(u"N\x01me", u"Cl\0ss"s)},
-        LineCase{"FirstCharacterBlankThenHashLater", u" Mem DVDefault.Memory #x", Entry(u"Mem", u"DVDefault.Memory")}),
+        LineCase{"OtherControlCharactersStay", u"N\x01me Cl\0ss"s, Entry(u"N\x01me", u"Cl\0ss"s)}),
     testing::ParamLabel());
 
 struct FileCase {
@@ -62,15 +54,10 @@ TEST_P(ReadDsKindsTest, YieldsEntriesInFileOrder) { EXPECT_EQ(ReadDsKinds(GetPar
 
 INSTANTIATE_TEST_SUITE_P(
     Files, ReadDsKindsTest,
-    ::testing::Values(FileCase{"Empty", "", {}},
-                      FileCase{"CrLf", "a A\r\nb B\r\n", {Entry(u"a", u"A"), Entry(u"b", u"B")}},
-                      FileCase{"LoneCr", "a A\rb B", {Entry(u"a", u"A"), Entry(u"b", u"B")}},
-                      FileCase{"LoneLf", "a A\nb B\n", {Entry(u"a", u"A"), Entry(u"b", u"B")}},
+    ::testing::Values(FileCase{"Empty", "", {}}, FileCase{"LoneCr", "a A\rb B", {Entry(u"a", u"A"), Entry(u"b", u"B")}},
                       FileCase{"MixedEnds",
                                "a A\r\nb B\rc C\nd D",
                                {Entry(u"a", u"A"), Entry(u"b", u"B"), Entry(u"c", u"C"), Entry(u"d", u"D")}},
-                      FileCase{"LfCrIsTwoEnds", "a A\n\rb B", {Entry(u"a", u"A"), Entry(u"b", u"B")}},
-                      FileCase{"LastLineWithoutEnd", "# kinds\r\nx X", {Entry(u"x", u"X")}},
                       FileCase{
                           "CommentsAndBlankLines", "# header\r\n\r\n   \r\n#x X\r\ny Y # z\r\n", {Entry(u"y", u"Y")}},
                       FileCase{"NulBytesAreCharacters", "a\0b C\0D\r\n"s, {Entry(u"a\0b"s, u"C\0D"s)}},
@@ -80,31 +67,8 @@ INSTANTIATE_TEST_SUITE_P(
                                {Entry(u"Grüße", u"Cläss")}},
                       FileCase{"DuplicatesDifferingInCaseAreBothYielded",
                                "Scada X.A\r\nSCADA X.B",
-                               {Entry(u"Scada", u"X.A"), Entry(u"SCADA", u"X.B")}},
-                      FileCase{"OnlyLineEnds", "\r\n\n\r\r\n", {}}),
+                               {Entry(u"Scada", u"X.A"), Entry(u"SCADA", u"X.B")}}),
     testing::ParamLabel());
-
-TEST(ReadDsKinds, CopesWithALineOfAMegabyte) {
-  const std::string longClass(1 << 20, 'c');
-  const std::string bytes = "a A\r\nbig " + longClass + "\r\n" + std::string(1 << 20, 'n') + "\r\nz Z";
-  const std::vector<DsKindEntry> entries = ReadDsKinds(bytes);
-  ASSERT_EQ(entries.size(), 3u);
-  EXPECT_EQ(entries[1].name, u"big");
-  EXPECT_EQ(entries[1].className.size(), longClass.size());
-  EXPECT_EQ(entries[2], Entry(u"z", u"Z"));
-}
-
-TEST(ReadDsKinds, EveryByteValueReadsWithoutFailing) {
-  std::string bytes = "n ";
-  for (int b = 0; b < 256; ++b) bytes.push_back(static_cast<char>(b));
-  const std::vector<DsKindEntry> entries = ReadDsKinds(bytes);
-  ASSERT_FALSE(entries.empty());
-  EXPECT_EQ(entries.front().name, u"n");
-  for (const DsKindEntry& entry : entries) {
-    EXPECT_EQ(entry.name.find_first_of(u" #"), std::u16string::npos);
-    EXPECT_FALSE(entry.className.empty());
-  }
-}
 
 struct ClassCase {
   const char* label;

@@ -59,11 +59,6 @@ TEST_F(StdFileServiceTest, MissingFileIsError53) {
   EXPECT_FALSE(files_.Exists((root_ / "none.dat").u16string()));
 }
 
-TEST_F(StdFileServiceTest, FolderIsNoFile) {
-  EXPECT_EQ(files_.ReadAll((root_ / "etc").u16string()).error, 75);
-  EXPECT_FALSE(files_.Exists((root_ / "etc").u16string()));
-}
-
 TEST_F(StdFileServiceTest, ReadsTheKindsFileBelowAHomeInWindowsForm) {
   Write(root_ / "etc" / "CustomDs.dat", "# kinds\r\nFile DVDefault.File\r\nScada Acme.ScadaDs # ours\r\n");
   const DsKindsFile kinds = LoadDsKindsFile(files_, DsKindsFilePath(HomeText()));

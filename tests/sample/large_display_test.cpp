@@ -19,12 +19,6 @@ TEST(LargeDisplay, HasTheRequestedSizeAndIsTheSameEveryTime) {
   }
 }
 
-TEST(LargeDisplay, ReadsBackFromItsOwnFileText) {
-  const SampleDisplay sample = GenerateLargeDisplay({12, 9});
-  const std::string text = WriteDisplayJson(sample, "/bench");
-  EXPECT_EQ(WriteDisplayJson(LoadDisplayText(text, "large.json", "/bench"), "/bench"), text);
-}
-
 TEST(LargeDisplay, EveryMappedVariableValidatesAndSomeDeletesAreRefused) {
   const SampleDisplay sample = GenerateLargeDisplay({16, 12});
   int mapped = 0;
@@ -45,14 +39,6 @@ TEST(LargeDisplay, EveryMappedVariableValidatesAndSomeDeletesAreRefused) {
   }
   EXPECT_EQ(mapped, 16 / 4 * 12);
   EXPECT_GT(inUse, 0);
-}
-
-TEST(LargeDisplay, DefaultSizeIsTwoThousandDataSourcesOfFiftyVariables) {
-  const SampleDisplay sample = GenerateLargeDisplay();
-  auto list = sample.display->GetDataSources();
-  ASSERT_EQ(list->DsCount(), 2000);
-  EXPECT_EQ(list->DsItem(1)->GetDsVars()->DsvCount(), 50);
-  EXPECT_EQ(list->DsItem(2000)->GetDsVars()->DsvCount(), 50);
 }
 
 }  // namespace

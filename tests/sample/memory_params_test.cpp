@@ -84,15 +84,5 @@ TEST(MemoryParams, RefusedValuesLeaveTheParameterAsItWas) {
   }
 }
 
-TEST(MemoryParams, VariablesOfOneDataSourceKeepSeparateLists) {
-  auto ds = MemoryDisplay::Create()->DataSources()->Add(toolkit::kind::kCustom, kScadaDsClass);
-  auto a = ds->Variables()->Add();
-  auto b = ds->Variables()->Add();
-  a->Params()->Append(9, u"only a");
-  EXPECT_EQ(a->Params()->ParamCount(), 1);
-  EXPECT_EQ(b->Params()->ParamCount(), 0);
-  EXPECT_EQ(ds->Params()->ParamCount(), 3);
-}
-
 }  // namespace
 }  // namespace vd::sample

@@ -91,25 +91,6 @@ TEST(MemoryToolkitAddDs, GivesScadaDataSourcesTheirMarkerParameters) {
   EXPECT_EQ(other->AsCustom()->GetParams()->ParamCount(), 0);
 }
 
-TEST(MemoryToolkitCustom, OnlyCustomDataSourcesAndTheirVariablesExposeParameters) {
-  auto display = MemoryDisplay::Create();
-  auto list = display->DataSources();
-  for (int32_t k : {kind::kFile, kind::kConstant, kind::kMemory, kind::kCustom}) {
-    auto ds = list->AddDs(k, k == kind::kCustom ? u"Acme.Report" : u"");
-    auto dsv = ds->GetDsVars()->AddDsv();
-    const bool custom = k == kind::kCustom;
-    EXPECT_EQ(ds->AsCustom() != nullptr, custom) << k;
-    EXPECT_EQ(dsv->AsCustom() != nullptr, custom) << k;
-    if (custom) {
-      EXPECT_EQ(dsv->AsCustom()->GetParams()->ParamCount(), 0);
-      EXPECT_EQ(dsv->AsCustom()->GetDsvAccess(), 0);
-      list->Item(list->DsCount())->Variables()->Item(1)->SetAccess(1);
-      EXPECT_EQ(dsv->AsCustom()->GetDsvAccess(), 1);
-      EXPECT_EQ(dsv->AsCustom()->GetParams(), dsv->AsCustom()->GetParams()) << "one list per variable";
-    }
-  }
-}
-
 TEST(MemoryToolkitAddDsv, AppendsFreshlyNamedVariablesWithTheKindsDefaults) {
   const struct {
     int32_t kind;
@@ -253,17 +234,25 @@ TEST(MemoryToolkitLifetime, ReleasingTheDisplayFreesItsObjectsAndOrphansWhatIsSt
 }
 
 TEST(MemoryToolkitVariables, KeepDimensionsTypeAndScopeWithinTheToolkitsLimits) {
-  enum Field { kRows, kCols, kType, kScope };
+  using Get = int32_t (MemoryDsv::*)();
+  using Set = void (MemoryDsv::*)(int32_t);
   const struct {
-    Field field;
+    Get get;
+    Set set;
     int32_t value;
     bool accepted;
     const char* named;  // what the description names when refused
   } cases[] = {
-      {kRows, -1, false, "Rows"},    {kRows, 0, true, ""},  {kRows, 65535, true, ""}, {kRows, 65536, false, "Rows"},
-      {kCols, -5, false, "Columns"}, {kCols, 0, true, ""},  {kCols, 255, true, ""},   {kCols, 70000, false, "Columns"},
-      {kType, 0, false, "type"},     {kType, 1, true, ""},  {kType, 9, true, ""},     {kType, 10, false, "type"},
-      {kScope, 0, false, "Scope"},   {kScope, 1, true, ""}, {kScope, 2, true, ""},    {kScope, 3, false, "Scope"},
+      {&MemoryDsv::GetDsvRows, &MemoryDsv::SetDsvRows, -1, false, "Rows"},
+      {&MemoryDsv::GetDsvRows, &MemoryDsv::SetDsvRows, 65535, true, ""},
+      {&MemoryDsv::GetDsvRows, &MemoryDsv::SetDsvRows, 65536, false, "Rows"},
+      {&MemoryDsv::GetDsvCols, &MemoryDsv::SetDsvCols, 0, true, ""},
+      {&MemoryDsv::GetDsvCols, &MemoryDsv::SetDsvCols, 70000, false, "Columns"},
+      {&MemoryDsv::GetDsvType, &MemoryDsv::SetDsvType, 0, false, "type"},
+      {&MemoryDsv::GetDsvType, &MemoryDsv::SetDsvType, 9, true, ""},
+      {&MemoryDsv::GetDsvType, &MemoryDsv::SetDsvType, 10, false, "type"},
+      {&MemoryDsv::GetDsvScope, &MemoryDsv::SetDsvScope, 1, true, ""},
+      {&MemoryDsv::GetDsvScope, &MemoryDsv::SetDsvScope, 3, false, "Scope"},
   };
   for (const auto& c : cases) {
     auto dsv = MemoryDisplay::Create()->DataSources()->Add(kind::kMemory, u"")->Variables()->Add();
@@ -271,43 +260,16 @@ TEST(MemoryToolkitVariables, KeepDimensionsTypeAndScopeWithinTheToolkitsLimits) 
     dsv->SetDsvType(3);
     dsv->SetDsvRows(7);
     dsv->SetDsvCols(7);
-    auto get = [&] {
-      switch (c.field) {
-        case kRows:
-          return dsv->GetDsvRows();
-        case kCols:
-          return dsv->GetDsvCols();
-        case kType:
-          return dsv->GetDsvType();
-        default:
-          return dsv->GetDsvScope();
-      }
-    };
-    const int32_t before = get();
-    const auto raised = RaisedBy([&] {
-      switch (c.field) {
-        case kRows:
-          dsv->SetDsvRows(c.value);
-          break;
-        case kCols:
-          dsv->SetDsvCols(c.value);
-          break;
-        case kType:
-          dsv->SetDsvType(c.value);
-          break;
-        case kScope:
-          dsv->SetDsvScope(c.value);
-          break;
-      }
-    });
+    const int32_t before = ((*dsv).*c.get)();
+    const auto raised = RaisedBy([&] { ((*dsv).*c.set)(c.value); });
     if (c.accepted) {
       EXPECT_EQ(raised.number, 0) << raised.description;
-      EXPECT_EQ(get(), c.value);
+      EXPECT_EQ(((*dsv).*c.get)(), c.value);
     } else {
-      EXPECT_EQ(raised.number, automation::err::kInvalidProcedureCall) << c.field << " " << c.value;
+      EXPECT_EQ(raised.number, automation::err::kInvalidProcedureCall) << c.named << " " << c.value;
       EXPECT_NE(raised.description.find(c.named), std::string::npos) << raised.description;
       EXPECT_NE(raised.description.find(std::to_string(c.value)), std::string::npos) << raised.description;
-      EXPECT_EQ(get(), before) << "a refused value changes nothing";
+      EXPECT_EQ(((*dsv).*c.get)(), before) << "a refused value changes nothing";
     }
   }
 }
@@ -324,54 +286,6 @@ TEST(MemoryToolkitVariables, DeriveTheShapeFromRowsAndColumns) {
     dsv->SetDsvCols(c.cols);
     EXPECT_EQ(dsv->GetDsvShape(), c.shape) << c.rows << "x" << c.cols;
   }
-}
-
-TEST(MemoryToolkitItems, RaiseErrorNineOutsideTheList) {
-  auto display = DisplayWith({u"a", u"b"});
-  auto vars = display->DataSources()->Item(1)->Variables();
-  vars->Add();
-  for (int32_t index : {0, -1, 3}) {
-    EXPECT_EQ(RaisedBy([&] { display->DataSources()->DsItem(index); }).number, automation::err::kSubscriptOutOfRange);
-  }
-  for (int32_t index : {0, 2}) {
-    EXPECT_EQ(RaisedBy([&] { vars->DsvItem(index); }).number, automation::err::kSubscriptOutOfRange);
-  }
-}
-
-TEST(MemoryToolkitFormats, OnlyFileDataSourcesHaveOne) {
-  auto list = MemoryDisplay::Create()->DataSources();
-  auto file = list->Add(kind::kFile, u"");
-  EXPECT_TRUE(file->GetDsAscii());
-  file->SetDsAscii(false);
-  EXPECT_FALSE(file->GetDsAscii());
-  for (int32_t k : {kind::kConstant, kind::kMemory}) {
-    auto ds = list->Add(k, u"");
-    EXPECT_FALSE(ds->GetDsAscii());
-    EXPECT_EQ(RaisedBy([&] { ds->SetDsAscii(true); }).number, automation::err::kInvalidProcedureCall);
-  }
-}
-
-TEST(MemoryToolkitLimits, RefuseDataSourcesAndVariablesBeyondThem) {
-  auto list = MemoryDisplay::Create(ToolkitLimits{2, 3})->DataSources();
-  auto ds = list->AddDs(kind::kMemory, u"");
-  EXPECT_NE(list->AddDs(kind::kFile, u""), nullptr);
-  EXPECT_EQ(list->AddDs(kind::kFile, u""), nullptr);
-  EXPECT_EQ(list->DsCount(), 2);
-  auto vars = ds->GetDsVars();
-  for (int i = 0; i < 3; ++i) EXPECT_NE(vars->AddDsv(), nullptr);
-  EXPECT_EQ(vars->AddDsv(), nullptr);
-  EXPECT_EQ(vars->DsvCount(), 3);
-}
-
-TEST(MemoryToolkitUseCounts, AreKeptPerVariableAndNeverNegative) {
-  auto vars = MemoryDisplay::Create()->DataSources()->Add(kind::kMemory, u"")->Variables();
-  auto a = vars->Add();
-  auto b = vars->Add();
-  a->SetUseCount(4);
-  EXPECT_EQ(a->GetDsvUseCount(), 4);
-  EXPECT_EQ(b->GetDsvUseCount(), 0);
-  EXPECT_EQ(RaisedBy([&] { b->SetUseCount(-1); }).number, automation::err::kInvalidProcedureCall);
-  EXPECT_EQ(b->GetDsvUseCount(), 0);
 }
 
 }  // namespace

@@ -69,61 +69,6 @@ TEST(DialogMode, StopInModeFourOnlyRestoresTheModeBefore) {
   h.desk.EditDataSources(h.plant);
 }
 
-TEST(DesignedLayout, FramesHoldTheirControlsAndTheWidthsShowWhatTheyShould) {
-  BrowserHarness h;
-  h.dlg.InitDBForSelect(h.plant, 1, 501, 0, 0);
-  const auto right = [](const forms::Control& c) { return c.Left() + c.Width(); };
-  const auto bottom = [](const forms::Control& c) { return c.Top() + c.Height(); };
-  const auto overlap = [&](const forms::Control& a, const forms::Control& b) {
-    return a.Left() < right(b) && b.Left() < right(a) && a.Top() < bottom(b) && b.Top() < bottom(a);
-  };
-  // These share one place; the signal type shows one of them.
-  const std::vector<String> alternates = {u"frmTelvaneSwapValues", u"lblVarInfo", u"txtVarInfo", u"lblKorlFileSelect",
-                                          u"cmbKorlFileSelect"};
-  const auto alternate = [&](const forms::Control* c) {
-    return std::count(alternates.begin(), alternates.end(), c->Name()) > 0;
-  };
-  int frames = 0;
-  for (const forms::Control* control : h.dlg.AllControls()) {
-    const auto* frame = dynamic_cast<const forms::Frame*>(control);
-    if (frame == nullptr) continue;
-    ++frames;
-    const std::vector<forms::Control*>& inside = frame->Controls();
-    for (size_t i = 0; i < inside.size(); ++i) {
-      const forms::Control& c = *inside[i];
-      SCOPED_TRACE(ToUtf8(c.Name()));
-      EXPECT_TRUE(c.Left() >= 0 && c.Top() > 0 && c.Width() > 0 && c.Height() > 0);
-      EXPECT_LE(right(c), frame->Width());
-      EXPECT_LE(bottom(c), frame->Height());
-      for (size_t j = i + 1; j < inside.size(); ++j)
-        EXPECT_FALSE(overlap(c, *inside[j]) && !(alternate(&c) && alternate(inside[j]))) << ToUtf8(inside[j]->Name());
-    }
-  }
-  EXPECT_EQ(frames, 9);
-
-  const float collapsed = h.inside.CollapsedWidth();
-  EXPECT_LE(right(h.dlg.fraDsl), collapsed);
-  for (const forms::Control* c : {&h.dlg.dbOK, &h.dlg.dbEdit, &h.dlg.dbClose}) {
-    EXPECT_LE(right(*c), collapsed);
-    EXPECT_GE(c->Top(), bottom(h.dlg.fraDsl));
-  }
-  EXPECT_LE(h.inside.CloseLeftAlone() + h.dlg.dbClose.Width(), collapsed);
-  EXPECT_GE(h.inside.CloseLeftWithButtons(), right(h.dlg.dbOK));  // between OK and Edit
-  EXPECT_LE(h.inside.CloseLeftWithButtons() + h.dlg.dbClose.Width(), h.dlg.dbEdit.Left());
-  for (const forms::Control* f :
-       {&h.dlg.fraDs, &h.dlg.fraDsv, &h.dlg.fraTelvaneDsSettings, &h.dlg.fraTelvaneDsvSettings}) {
-    EXPECT_GE(f->Left(), collapsed) << ToUtf8(f->Name());
-    EXPECT_LE(right(*f), h.inside.ExpandedWidth()) << ToUtf8(f->Name());
-    EXPECT_LE(bottom(*f), h.dlg.sbSelectStatus.Top()) << ToUtf8(f->Name());
-  }
-  // Loaded: the variable frame stands in the data source frame's place, each SCADA frame below its panel.
-  EXPECT_TRUE(h.dlg.fraDsv.Left() == h.dlg.fraDs.Left() && h.dlg.fraDsv.Top() == h.dlg.fraDs.Top());
-  EXPECT_EQ(h.dlg.fraTelvaneDsvSettings.Left(), h.dlg.fraDs.Left());
-  EXPECT_GE(h.dlg.fraTelvaneDsvSettings.Top(), bottom(h.dlg.fraDsv));
-  EXPECT_GE(h.dlg.fraTelvaneDsSettings.Top(), bottom(h.dlg.fraDs));
-  EXPECT_LE(bottom(h.dlg.sbSelectStatus), h.dlg.Height());
-}
-
 TEST(DataBrowserLifecycle, LoadShowsTheDataSourceFrameUnloadReleasesTheRun) {
   forms::testing::ScriptedUiServices ui;
   platform::testing::FakeRegistry registry;

@@ -132,48 +132,5 @@ TEST_F(DsKinds, AFileThatCannotBeReadLeavesTheBuiltInKinds) {
   }
 }
 
-TEST_F(DsKinds, TheHomeComesFromTheRegistryAsStoredOrIsDriveC) {
-  struct Case {
-    const char* label;
-    std::optional<FakeRegistry::StoredValue> stored;
-    const char16_t* path;
-  };
-  const Case cases[] = {
-      {"string", FakeRegistry::StoredValue{platform::reg::kRegSz, "E:\\Tools\\DV"},
-       u"E:\\Tools\\DV\\etc\\CustomDs.dat"},
-      {"counted NUL", FakeRegistry::StoredValue{platform::reg::kRegSz, "E:\\DV\0"s}, u"E:\\DV\\etc\\CustomDs.dat"},
-      {"trailing backslash kept", FakeRegistry::StoredValue{platform::reg::kRegSz, "E:\\"}, u"E:\\\\etc\\CustomDs.dat"},
-      {"no key", std::nullopt, u"C:\\\\etc\\CustomDs.dat"}};
-  for (const Case& c : cases) {
-    platform::DvReg::ResetDvHomeForTesting();
-    FakeRegistry registry;
-    platform::testing::MemoryFileService files;
-    if (c.stored) registry.SetValue(platform::reg::kHkeyLocalMachine, kDvKey, "DVhome", *c.stored);
-    files.SetFile(c.path, "Found Acme.Found\n");
-    platform::Services services{h.ui, registry, files};
-    browser::frmDataBrowser dlg(services);
-    dlg.InitDBForEdit(h.panels);
-    EXPECT_EQ(files.Reads(), std::vector<String>{c.path}) << c.label;
-    EXPECT_EQ(dlg.cboDsAdd.List(0), u"Found") << c.label;
-  }
-  EXPECT_EQ(platform::DvReg::InstalledRegistry(), nullptr);  // a dialog takes its registry away with it
-}
-
-TEST_F(DsKinds, EachDialogReadsThroughItsOwnRegistryAndLeavesNoneBehind) {
-  h.files.SetFile(kKindsPath, "Mine Acme.Mine\n");
-  {
-    FakeRegistry otherRegistry;
-    platform::testing::MemoryFileService otherFiles;
-    platform::Services other{h.ui, otherRegistry, otherFiles};
-    browser::frmDataBrowser otherDialog(other);
-    EXPECT_EQ(platform::DvReg::InstalledRegistry(), &otherRegistry);
-    h.dlg.InitDBForEdit(h.panels);
-    EXPECT_EQ(Offered(), (std::vector<Kind>{{u"Mine", 105}}));
-    EXPECT_TRUE(otherRegistry.Opens().empty());
-    EXPECT_EQ(platform::DvReg::InstalledRegistry(), &h.registry);
-  }
-  EXPECT_EQ(platform::DvReg::InstalledRegistry(), &h.registry);  // the other dialog's registry was not installed
-}
-
 }  // namespace
 }  // namespace vd::system_test

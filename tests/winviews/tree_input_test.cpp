@@ -23,16 +23,6 @@ TEST_F(DialogTest, ClickOnANodeSelectsItAndRaisesNodeClickOnce) {
   script.Run();
 }
 
-TEST_F(DialogTest, ClickOnTheSelectedNodeRaisesNodeClickAgain) {
-  script.Then("click", [&] { PostMouseClick(Tree(), NodePoint(SampleForm::DsKey(2))); })
-      .Then("click again", [&] { PostMouseClick(Tree(), NodePoint(SampleForm::DsKey(2))); })
-      .Then("check", [&] {
-        EXPECT_EQ(form.Events(kTreeEvents), (Log{"treItems.NodeClick:_Source2", "treItems.Click",
-                                                 "treItems.NodeClick:_Source2", "treItems.Click"}));
-      });
-  script.Run();
-}
-
 TEST_F(DialogTest, ArrowKeySelectsTheNextNodeAsAClick) {
   script
       .Then("select by code",
@@ -63,21 +53,6 @@ TEST_F(DialogTest, MinusSignCollapsesTheNodeAndTakesTheSelectionFromBelowIt) {
         EXPECT_EQ(TreeSelection(Tree()), Item(SampleForm::DsKey(2)));
         EXPECT_EQ(form.Events(kTreeEvents), Log{"treItems.Collapse:_Source2"});
         EXPECT_EQ(TreeItemImage(Tree(), Item(SampleForm::DsKey(2))), 1);  // the closed picture again
-      });
-  script.Run();
-}
-
-TEST_F(DialogTest, PlusSignExpandsTheNode) {
-  POINT plus{};
-  script
-      .Then("click the plus sign",
-            [&] {
-              ASSERT_TRUE(TreeButtonPoint(Tree(), Item(SampleForm::DsKey(3)), plus));
-              PostMouseClick(Tree(), plus);
-            })
-      .Then("check", [&] {
-        EXPECT_TRUE(Node(SampleForm::DsKey(3))->Expanded());
-        EXPECT_EQ(form.Events(kTreeEvents), Log{"treItems.Expand:_Source3"});
       });
   script.Run();
 }

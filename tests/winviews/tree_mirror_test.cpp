@@ -130,14 +130,5 @@ TEST_F(DialogTest, RebuildRunsWithRedrawOffUntilTheHandlerReturns) {
   script.Run();
 }
 
-TEST_F(DialogTest, ClearedTreeHasNoItems) {
-  script.Then("clear", [&] {
-    form.treItems.Nodes().Clear();
-    EXPECT_EQ(SendMessageW(Tree(), TVM_GETCOUNT, 0, 0), 0);
-    EXPECT_EQ(script.View().TreeOf(form.treItems)->ItemCount(), 0u);
-  });
-  script.Run();
-}
-
 }  // namespace
 }  // namespace vd::win32::views::testing

@@ -3,15 +3,17 @@
 #include <cstring>
 #include <vector>
 
+#include "posted_input.h"
 #include "views/control_lookup.h"
 #include "views/wide_text.h"
+#include "window_query.h"
 
 namespace vd::win32::views::testing {
 
 void PostClick(HWND button) { PostMessageW(button, BM_CLICK, 0, 0); }
 
 void PostChars(HWND window, const String& text) {
-  for (const char16_t c : text) PostMessageW(window, WM_CHAR, c, 1);
+  for (const char16_t c : text) robot::PostCharacter(window, c);
 }
 
 void PostKey(HWND window, UINT virtualKey, bool shift, bool ctrl) {
@@ -20,8 +22,7 @@ void PostKey(HWND window, UINT virtualKey, bool shift, bool ctrl) {
   keys[VK_SHIFT] = shift ? 0x80 : 0;
   keys[VK_CONTROL] = ctrl ? 0x80 : 0;
   SetKeyboardState(keys);
-  PostMessageW(window, WM_KEYDOWN, virtualKey, 1);
-  PostMessageW(window, WM_KEYUP, virtualKey, static_cast<LPARAM>(0xC0000001u));
+  robot::PostKeystroke(window, static_cast<uint16_t>(virtualKey), false);
 }
 
 void ReleaseModifiers() {
@@ -32,39 +33,13 @@ void ReleaseModifiers() {
   SetKeyboardState(keys);
 }
 
-void PostMouseClick(HWND window, POINT at) {
-  PostMessageW(window, WM_LBUTTONDOWN, MK_LBUTTON, MAKELPARAM(at.x, at.y));
-  PostMessageW(window, WM_LBUTTONUP, 0, MAKELPARAM(at.x, at.y));
-}
+void PostMouseClick(HWND window, POINT at) { robot::PostClick(window, at); }
 
-void PostMouseDoubleClick(HWND window, POINT at) {
-  PostMouseClick(window, at);
-  PostMessageW(window, WM_LBUTTONDBLCLK, MK_LBUTTON, MAKELPARAM(at.x, at.y));
-  PostMessageW(window, WM_LBUTTONUP, 0, MAKELPARAM(at.x, at.y));
-}
+void PostMouseDoubleClick(HWND window, POINT at) { robot::PostDoubleClick(window, at); }
 
 void PostMouseMove(HWND window, POINT at) { PostMessageW(window, WM_MOUSEMOVE, 0, MAKELPARAM(at.x, at.y)); }
 
-void SendCommand(HWND control, WORD code) {
-  SendMessageW(GetParent(control), WM_COMMAND, MAKEWPARAM(GetDlgCtrlID(control), code),
-               reinterpret_cast<LPARAM>(control));
-}
-
 namespace {
-struct OwnedSearch {
-  HWND owner;
-  HWND found = nullptr;
-};
-BOOL CALLBACK MatchOwned(HWND window, LPARAM lParam) {
-  auto& search = *reinterpret_cast<OwnedSearch*>(lParam);
-  wchar_t className[32];
-  GetClassNameW(window, className, 32);
-  if (GetWindow(window, GW_OWNER) != search.owner || !IsWindowVisible(window) ||
-      std::wcscmp(className, L"#32770") != 0 || !PublishedName(window).empty())
-    return TRUE;
-  search.found = window;
-  return FALSE;
-}
 BOOL CALLBACK MatchIcon(HWND window, LPARAM lParam) {
   if ((GetWindowLongPtrW(window, GWL_STYLE) & SS_TYPEMASK) != SS_ICON) return TRUE;
   *reinterpret_cast<HICON*>(lParam) = reinterpret_cast<HICON>(SendMessageW(window, STM_GETICON, 0, 0));
@@ -72,13 +47,9 @@ BOOL CALLBACK MatchIcon(HWND window, LPARAM lParam) {
 }
 }  // namespace
 
-HWND FindOwnedDialog(HWND owner) {
-  OwnedSearch search{owner};
-  EnumThreadWindows(GetCurrentThreadId(), MatchOwned, reinterpret_cast<LPARAM>(&search));
-  return search.found;
-}
+HWND FindOwnedDialog(HWND owner) { return robot::MessageBoxOf(owner); }
 
-String MessageBoxText(HWND box) { return WindowText(GetDlgItem(box, 0xFFFF)); }
+String MessageBoxText(HWND box) { return robot::MessageBoxText(box); }
 
 HICON MessageBoxIcon(HWND box) {
   HICON icon = nullptr;
@@ -147,11 +118,8 @@ bool TreeButtonPoint(HWND tree, HTREEITEM item, POINT& point) {
 }
 
 String ComboEntry(HWND combo, int index) {
-  const auto length = SendMessageW(combo, CB_GETLBTEXTLEN, static_cast<WPARAM>(index), 0);
-  if (length < 0) return String();
-  std::vector<wchar_t> text(static_cast<size_t>(length) + 1);
-  SendMessageW(combo, CB_GETLBTEXT, static_cast<WPARAM>(index), reinterpret_cast<LPARAM>(text.data()));
-  return FromWide(text.data());
+  const std::vector<String> entries = robot::EntriesOf(combo);
+  return index >= 0 && index < static_cast<int>(entries.size()) ? entries[static_cast<size_t>(index)] : String();
 }
 
 String StatusText(HWND statusBar) {

@@ -1,6 +1,7 @@
 #pragma once
 // Real Win32 input for the dialogs under test, posted so that it goes through
-// the message loop as the user's would.
+// the message loop as the user's would (the robot's input, tools/robot), and
+// what the tests read back from the windows.
 #include <windows.h>
 // after windows.h
 #include <commctrl.h>
@@ -21,8 +22,6 @@ void ReleaseModifiers();
 void PostMouseClick(HWND window, POINT at);
 void PostMouseDoubleClick(HWND window, POINT at);
 void PostMouseMove(HWND window, POINT at);
-// The command a control sends its parent, as if the control had sent it.
-void SendCommand(HWND control, WORD code);
 
 // The message box (or other standard dialog) owned by owner, nullptr when none.
 HWND FindOwnedDialog(HWND owner);

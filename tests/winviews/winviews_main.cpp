@@ -4,6 +4,10 @@
 // "--wait-event NAME" makes the program a helper child instead: it waits for
 // the named event (set by the parent while StartProgramAndWait pumps its
 // messages) and exits 0, or 1 when the event never comes.
+// "--robot-target" shows the sample form for the robot's own scenarios
+// (tests/wine/robot/target*.robot): Apply asks a question in a message box,
+// and the form's event log is printed, "target: " before each line, once the
+// form is closed.
 #include <windows.h>
 
 #include <gtest/gtest.h>
@@ -11,6 +15,10 @@
 #include <cstdio>
 #include <cstring>
 #include <string>
+
+#include "sample_form.h"
+#include "views/win32_modal_host.h"
+#include "views/win32_ui_services.h"
 
 namespace {
 
@@ -25,10 +33,25 @@ int WaitForEvent(const char* name) {
   return waited == WAIT_OBJECT_0 ? 0 : 1;
 }
 
+int RobotTarget() {
+  vd::win32::views::Win32ModalHost host;
+  vd::win32::views::Win32UiServices ui(host, u"Robot Target");
+  vd::win32::views::testing::SampleForm form;
+  form.SetModalHost(&host);
+  form.applyAction = [&] {
+    const int32_t answer = ui.MsgBox(u"Hello,\r\nrobot.", vd::forms::vbOKCancel, std::nullopt);
+    form.log.push_back("answer:" + std::to_string(answer));
+  };
+  form.Show(true);
+  for (const std::string& line : form.log) std::printf("target: %s\n", line.c_str());
+  return 0;
+}
+
 }  // namespace
 
 int main(int argc, char** argv) {
   if (argc == 3 && std::strcmp(argv[1], "--wait-event") == 0) return WaitForEvent(argv[2]);
+  if (argc == 2 && std::strcmp(argv[1], "--robot-target") == 0) return RobotTarget();
   testing::InitGoogleTest(&argc, argv);
   const int result = RUN_ALL_TESTS();
   const testing::UnitTest& unit = *testing::UnitTest::GetInstance();

@@ -5,13 +5,19 @@
 //   component: <where it came from>
 //   selected: <data source> / <variable>      (selection runs; "none" after Close)
 //   modified: yes|no
+// With VD_DEMO_AUDIT=1 in its environment it also prints what the run did to
+// the display and asked of the SCADA system:
+//   display: unchanged|changed
+//   scada calls: none|<operation>, ...
 #include <windows.h>
 
 #include <objbase.h>
 #include <shellapi.h>
 
 #include <cstdio>
+#include <cstdlib>
 #include <exception>
+#include <filesystem>
 #include <string>
 #include <vector>
 
@@ -74,8 +80,41 @@ std::string Describe(IDispatch* selected) {
   return vd::automation::ToUtf8(ds->GetDsName()) + " / " + vd::automation::ToUtf8(dsv->GetDsvName());
 }
 
+const char* CallName(vd::sample::ScadaCall call) {
+  switch (call) {
+    case vd::sample::ScadaCall::kGetApplications:
+      return "GetApplications";
+    case vd::sample::ScadaCall::kExecuteKorl:
+      return "ExecuteKorl";
+    case vd::sample::ScadaCall::kScriptFileChanged:
+      return "ScriptFileChanged";
+    case vd::sample::ScadaCall::kExecuteKorlInApp:
+      return "ExecuteKorlInApp";
+    case vd::sample::ScadaCall::kValidateItem:
+      return "ValidateItem";
+  }
+  return "?";
+}
+
+// Whether the run changed the display, and every call the SCADA system got.
+void PrintAudit(const vd::sample::SampleDisplay& sample, const std::filesystem::path& folder,
+                const std::string& before) {
+  Print(std::string("display: ") + (vd::sample::WriteDisplayJson(sample, folder) == before ? "unchanged" : "changed"));
+  std::string calls;
+  if (sample.scada) {
+    for (const vd::sample::ScadaCallRecord& record : sample.scada->Calls()) {
+      calls += (calls.empty() ? "" : ", ") + std::string(CallName(record.call));
+    }
+  }
+  Print("scada calls: " + (calls.empty() ? std::string("none") : calls));
+}
+
 int Run(const vd::win32::demo::DemoOptions& options) {
   const vd::sample::SampleDisplay sample = vd::sample::LoadDisplayFile(options.displayFile);
+  const char* auditSetting = std::getenv("VD_DEMO_AUDIT");
+  const bool audit = auditSetting != nullptr && std::string(auditSetting) == "1";
+  const std::filesystem::path folder = std::filesystem::path(options.displayFile).parent_path();
+  const std::string before = audit ? vd::sample::WriteDisplayJson(sample, folder) : std::string();
   const ComPtr<IDispatch> display = vd::win32::ExposeObject(sample.display);
   const ComPtr<IDispatch> scada = vd::win32::ExposeObject(sample.scada);
 
@@ -97,6 +136,7 @@ int Run(const vd::win32::demo::DemoOptions& options) {
   VARIANT_BOOL modified = VARIANT_FALSE;
   Check(component.ui->IsModified(&modified));
   Print(std::string("modified: ") + (modified != VARIANT_FALSE ? "yes" : "no"));
+  if (audit) PrintAudit(sample, folder, before);
   return 0;
 }
 

@@ -5,7 +5,6 @@
 
 #include "convert/error_convert.h"
 #include "event_bridge.h"
-#include "harness.h"
 #include "server/class_factory.h"
 #include "server/module.h"
 #include "server/registration.h"
@@ -13,11 +12,9 @@
 namespace {
 
 const CLSID kEventBridgeClsid = {0x7512dc55, 0x3387, 0x45f9, {0x91, 0x93, 0x78, 0x6b, 0x40, 0x0d, 0x7f, 0x24}};
-const CLSID kHarnessClsid = {0xb3a444e8, 0xdaee, 0x40a3, {0x8b, 0x7a, 0x98, 0xbc, 0xd3, 0x26, 0x0b, 0x6e}};
 
-const std::array<vd::win32::ClassEntry, 2> kClasses{{
+const std::array<vd::win32::ClassEntry, 1> kClasses{{
     {&kEventBridgeClsid, L"VdTestBridge.EventBridge", L"Test event bridge"},
-    {&kHarnessClsid, L"VdTestBridge.Harness", L"Test harness"},
 }};
 
 HRESULT Register(bool install) noexcept {
@@ -40,7 +37,6 @@ extern "C" {
 HRESULT WINAPI DllGetClassObject(REFCLSID clsid, REFIID iid, LPVOID* out) {
   if (IsEqualCLSID(clsid, kEventBridgeClsid))
     return vd::win32::GetClassFactory(&vd::testbridge::CreateEventBridge, iid, out);
-  if (IsEqualCLSID(clsid, kHarnessClsid)) return vd::win32::GetClassFactory(&vd::testbridge::CreateHarness, iid, out);
   if (out) *out = nullptr;
   return CLASS_E_CLASSNOTAVAILABLE;
 }

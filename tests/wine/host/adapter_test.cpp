@@ -1,232 +1,160 @@
-// Someone else's IDispatch objects through the toolkit interfaces: the test
-// exposes the in-memory display, hides it behind forwarders (a stranger's
-// identity) and reads and changes it through the adapters.
+// Someone else's IDispatch objects through the toolkit interfaces: the sample's
+// display, exposed and hidden behind forwarders (a stranger's identity), read
+// and changed through the adapters.
 #include <gtest/gtest.h>
 
 #include "VarDeskGUI.h"
 #include "convert/object_convert.h"
 #include "dispatch/adapt.h"
-#include "dispatch/dispatch_holder.h"
-#include "display_description.h"
 #include "expose/toolkit_exposers.h"
 #include "forwarding_dispatch.h"
-#include "memory_toolkit.h"
-#include "vd/automation/error.h"
+#include "plant.h"
+#include "vd/automation/conversions.h"
+#include "vd/sample/simulated_scada.h"
 
 namespace vd::testhost {
 namespace {
 
+using automation::Variant;
 using win32::ComPtr;
 
-struct Stranger {
-  std::shared_ptr<MemDisplay> original = MakePlantDisplay();
-  std::shared_ptr<LookupCounts> counts = std::make_shared<LookupCounts>();
-  ComPtr<IDispatch> dispatch;
-  toolkit::DisplayRef adapted;
+ComPtr<IDispatch> Stranger(const automation::ObjectRef& object, const std::shared_ptr<LookupCounts>& counts,
+                           NameLookup lookup = NameLookup::kGetIDsOfNames, const GUID& type = GUID_NULL) {
+  return Forward(win32::ExposeObject(object).Get(), lookup, type, counts);
+}
 
-  explicit Stranger(NameLookup lookup) {
-    dispatch = Forward(win32::ExposeObject(original).Get(), lookup, GUID_NULL, counts);
-    adapted = win32::AdaptAs<toolkit::Display>(dispatch.Get());
+// Each data source's name, then its variables' names, read through the interfaces.
+std::vector<automation::String> Names(toolkit::Display& display) {
+  std::vector<automation::String> names;
+  const toolkit::DsListRef list = display.GetDataSources();
+  for (int32_t i = 1; i <= list->DsCount(); ++i) {
+    const toolkit::DsRef ds = list->DsItem(i);
+    names.push_back(ds->GetDsName());
+    for (int32_t j = 1; j <= ds->GetDsVars()->DsvCount(); ++j)
+      names.push_back(ds->GetDsVars()->DsvItem(j)->GetDsvName());
   }
-};
+  return names;
+}
 
 class AdapterLookupTest : public testing::TestWithParam<NameLookup> {};
 
-TEST_P(AdapterLookupTest, TheAdaptedDisplayReadsLikeTheDisplayItself) {
-  Stranger s(GetParam());
-  ASSERT_TRUE(s.adapted);
-  EXPECT_NE(s.adapted.get(), static_cast<toolkit::Display*>(s.original.get()));
-  EXPECT_EQ(testsupport::DescribeDisplay(*s.adapted), testsupport::DescribeDisplay(*s.original));
-  if (GetParam() == NameLookup::kDispatchExOnly) {
-    EXPECT_GT(s.counts->getDispID, 0);
-    EXPECT_EQ(s.counts->getIDsOfNames, 0);
-  }
-}
+TEST_P(AdapterLookupTest, ReadsAndChangesTheStrangersObjects) {
+  auto plant = MakePlant();
+  auto counts = std::make_shared<LookupCounts>();
+  const toolkit::DisplayRef adapted = win32::AdaptAs<toolkit::Display>(Stranger(plant, counts, GetParam()).Get());
+  ASSERT_TRUE(adapted);
+  EXPECT_NE(adapted.get(), static_cast<toolkit::Display*>(plant.get()));
+  EXPECT_EQ(Names(*adapted), Names(*plant));
+  EXPECT_EQ(counts->getIDsOfNames == 0, GetParam() == NameLookup::kDispatchExOnly);
 
-TEST_P(AdapterLookupTest, ChangesThroughTheAdapterReachTheObjects) {
-  Stranger s(GetParam());
-  toolkit::DsListRef list = s.adapted->GetDataSources();
-  toolkit::DsRef tanks = list->DsItem(1);
+  const toolkit::DsListRef list = adapted->GetDataSources();
+  const toolkit::DsRef tanks = list->DsItem(1);
   tanks->SetDsName(u"Vessels");
   tanks->SetDsAscii(true);
-  EXPECT_EQ(s.original->list->items[0]->name, u"Vessels");
-  EXPECT_TRUE(s.original->list->items[0]->ascii);
-
-  toolkit::DsvRef added = tanks->GetDsVars()->AddDsv();
-  ASSERT_TRUE(added);
-  EXPECT_EQ(added->GetDsvName(), u"Var3");
-  ASSERT_EQ(s.original->list->items[0]->vars->items.size(), 3u);
-
-  toolkit::DsvRef pressure = tanks->GetDsVars()->DsvItem(2);
-  EXPECT_TRUE(pressure->DsvMoveUp());
-  EXPECT_EQ(s.original->list->items[0]->vars->items[0]->name, u"Pressure");
+  EXPECT_EQ(tanks->GetDsVars()->AddDsv()->GetDsvName(), u"var3");
+  EXPECT_TRUE(tanks->GetDsVars()->DsvItem(2)->DsvMoveUp());
   EXPECT_FALSE(tanks->GetDsVars()->DsvItem(1)->DsvMoveUp()) << "the first cannot move up";
+  tanks->GetDsVars()->DsvItem(1)->SetDsvRows(4);
+  const std::vector<automation::String> changed{u"Vessels", u"Pressure", u"Level", u"var3",
+                                                u"Scada",   u"Flow",     u"Speed", u"Scratch"};
+  EXPECT_EQ(Names(*plant), changed);
+  EXPECT_TRUE(plant->DataSources()->Item(1)->GetDsAscii());
+  EXPECT_EQ(plant->DataSources()->Item(1)->Variables()->Item(1)->GetDsvRows(), 4);
 
-  pressure->SetDsvValue(-2.25);
-  pressure->SetDsvRows(4);
-  EXPECT_EQ(s.original->list->items[0]->vars->items[0]->value, -2.25);
-  EXPECT_EQ(s.original->list->items[0]->vars->items[0]->rows, 4);
-
-  toolkit::DsRef added_ds = list->AddDs(toolkit::kind::kCustom, u"Extra");
-  ASSERT_TRUE(added_ds);
-  EXPECT_EQ(list->DsCount(), 4);
-  EXPECT_TRUE(list->DsItem(4)->RemoveDs());
-  EXPECT_EQ(s.original->list->items.size(), 3u);
-}
-
-TEST_P(AdapterLookupTest, CustomObjectsAnswerTheirParameterLists) {
-  Stranger s(GetParam());
-  toolkit::DsListRef list = s.adapted->GetDataSources();
-  EXPECT_EQ(list->DsItem(1)->AsCustom(), nullptr);
-  toolkit::CustomDsRef custom = list->DsItem(2)->AsCustom();
-  ASSERT_TRUE(custom);
-  toolkit::ParamListRef params = custom->GetParams();
+  EXPECT_EQ(tanks->AsCustom(), nullptr);
+  const toolkit::ParamListRef params = list->DsItem(2)->AsCustom()->GetParams();
   ASSERT_EQ(params->ParamCount(), 2);
-  params->ParamItem(2)->SetParamValue(toolkit::paramtype::kText, automation::Variant(u"42"));
-  auto& stored = s.original->list->items[1]->custom->params->items[1];
-  EXPECT_EQ(stored->GetParamType(), toolkit::paramtype::kText);
-  EXPECT_TRUE(stored->GetParamValue() == automation::Variant(u"42"));
-  toolkit::ParamRef appended = params->AddParam();
-  ASSERT_TRUE(appended);
-  EXPECT_EQ(s.original->list->items[1]->custom->params->items.size(), 3u);
-  toolkit::CustomDsvRef customDsv = list->DsItem(2)->GetDsVars()->DsvItem(1)->AsCustom();
-  ASSERT_TRUE(customDsv);
-  EXPECT_EQ(customDsv->GetDsvAccess(), 1);
+  params->ParamItem(2)->SetParamValue(toolkit::paramtype::kText, Variant(u"42"));
+  ASSERT_TRUE(params->AddParam());
+  const auto stored = plant->DataSources()->Item(2)->Params();
+  EXPECT_EQ(stored->ParamCount(), 3);
+  EXPECT_EQ(stored->Item(2)->GetParamType(), toolkit::paramtype::kText);
+  EXPECT_TRUE(stored->Item(2)->GetParamValue() == Variant(u"42"));
+  EXPECT_EQ(list->DsItem(2)->GetDsVars()->DsvItem(1)->AsCustom()->GetDsvAccess(), 1);
 }
 
 TEST_P(AdapterLookupTest, AFailedCallRaisesTheCalleesNumberAndDescription) {
-  Stranger s(GetParam());
-  s.original->list->items[0]->failReading = true;
-  try {
-    s.adapted->GetDataSources()->DsItem(1)->GetDsName();
-    FAIL() << "no error";
-  } catch (const automation::AutomationError& e) {
-    EXPECT_EQ(e.Number(), 1234);
-    EXPECT_EQ(e.Description(), u"The data source cannot be read");
-  }
-  try {
-    s.adapted->GetDataSources()->DsItem(9);
-    FAIL() << "no error";
-  } catch (const automation::AutomationError& e) {
-    EXPECT_EQ(e.Number(), automation::err::kSubscriptOutOfRange);
-  }
+  auto plant = MakePlant();
+  const toolkit::DsRef own = plant->DataSources()->Item(3);
+  const toolkit::DsRef adapted =
+      win32::AdaptAs<toolkit::Ds>(Stranger(own, std::make_shared<LookupCounts>(), GetParam()).Get());
+  ASSERT_TRUE(own->RemoveDs());
+  const automation::AutomationError direct = ErrorOf([&] { own->GetDsName(); });
+  const automation::AutomationError through = ErrorOf([&] { adapted->GetDsName(); });
+  EXPECT_EQ(through.Number(), 5);
+  EXPECT_EQ(through.Number(), direct.Number());
+  EXPECT_EQ(through.Description(), direct.Description());
 }
 
 INSTANTIATE_TEST_SUITE_P(Lookups, AdapterLookupTest,
-                         testing::Values(NameLookup::kGetIDsOfNames, NameLookup::kDispatchExOnly),
-                         [](const testing::TestParamInfo<NameLookup>& param) {
-                           return param.param == NameLookup::kGetIDsOfNames ? std::string("GetIDsOfNames")
-                                                                            : std::string("DispatchExOnly");
-                         });
+                         testing::Values(NameLookup::kGetIDsOfNames, NameLookup::kDispatchExOnly));
 
 TEST(AdapterTest, AMemberTheObjectLacksIsError438) {
-  auto counts = std::make_shared<LookupCounts>();
-  auto param = std::make_shared<MemParam>(5, automation::Variant(int32_t{1}));
+  auto param = MakePlant()->DataSources()->Item(2)->Params()->Item(1);
   // A parameter seen as a data source: it has none of the data source's members.
-  ComPtr<IDispatch> dispatch = Forward(win32::ExposeObject(param).Get(), NameLookup::kGetIDsOfNames, GUID_NULL, counts);
-  toolkit::DsRef wrong = win32::AdaptAs<toolkit::Ds>(dispatch.Get());
-  try {
-    wrong->GetDsName();
-    FAIL() << "no error";
-  } catch (const automation::AutomationError& e) {
-    EXPECT_EQ(e.Number(), automation::err::kMethodNotSupported);
-  }
+  const toolkit::DsRef wrong = win32::AdaptAs<toolkit::Ds>(Stranger(param, std::make_shared<LookupCounts>()).Get());
+  EXPECT_EQ(ErrorOf([&] { wrong->GetDsName(); }).Number(), automation::err::kMethodNotSupported);
   EXPECT_EQ(wrong->AsCustom(), nullptr);
 }
 
-TEST(AdapterTest, NamesAreResolvedOncePerTypeWhenObjectsTellTheirType) {
-  auto display = MakePlantDisplay();
-  auto counts = std::make_shared<LookupCounts>();
-  // Two data sources that claim one type: the second reuses the first's DISPIDs.
-  ComPtr<IDispatch> first = Forward(win32::ExposeObject(display->list->items[0]).Get(), NameLookup::kGetIDsOfNames,
-                                    IID__SelectionHandler, counts);
-  ComPtr<IDispatch> second = Forward(win32::ExposeObject(display->list->items[2]).Get(), NameLookup::kGetIDsOfNames,
-                                     IID__SelectionHandler, counts);
-  EXPECT_EQ(win32::AdaptAs<toolkit::Ds>(first.Get())->GetDsName(), u"Tanks");
-  EXPECT_EQ(win32::AdaptAs<toolkit::Ds>(second.Get())->GetDsName(), u"Scratch");
-  EXPECT_EQ(win32::AdaptAs<toolkit::Ds>(second.Get())->GetDsName(), u"Scratch");
-  EXPECT_EQ(counts->getIDsOfNames, 1);
-  EXPECT_EQ(counts->invoke, 3);
-}
-
-TEST(AdapterTest, ObjectsWithoutTypeResolveNamesPerObject) {
-  auto display = MakePlantDisplay();
-  auto counts = std::make_shared<LookupCounts>();
-  ComPtr<IDispatch> first =
-      Forward(win32::ExposeObject(display->list->items[0]).Get(), NameLookup::kGetIDsOfNames, GUID_NULL, counts);
-  ComPtr<IDispatch> second =
-      Forward(win32::ExposeObject(display->list->items[2]).Get(), NameLookup::kGetIDsOfNames, GUID_NULL, counts);
-  auto firstDs = win32::AdaptAs<toolkit::Ds>(first.Get());
-  firstDs->GetDsName();
-  firstDs->GetDsName();
-  win32::AdaptAs<toolkit::Ds>(second.Get())->GetDsName();
-  EXPECT_EQ(counts->getIDsOfNames, 2);
-}
-
-TEST(AdapterTest, OneObjectKeepsOneAdapterAndGoesBackAsItsOwnDispatch) {
-  Stranger s(NameLookup::kGetIDsOfNames);
-  auto again = win32::AdaptAs<toolkit::Display>(s.dispatch.Get());
-  EXPECT_EQ(again.get(), s.adapted.get());
-  EXPECT_EQ(win32::DispatchFromObject(s.adapted).Get(), s.dispatch.Get());
-  EXPECT_EQ(win32::AdaptAs<toolkit::Display>(nullptr), nullptr);
-}
-
-TEST(AdapterTest, ThisModulesOwnObjectsComeBackAsThemselves) {
-  auto display = MakePlantDisplay();
-  ComPtr<IDispatch> exposed = win32::ExposeObject(display);
-  EXPECT_EQ(win32::AdaptAs<toolkit::Display>(exposed.Get()).get(), display.get());
-  try {
-    win32::AdaptAs<toolkit::Ds>(exposed.Get());
-    FAIL() << "a display is no data source";
-  } catch (const automation::AutomationError& e) {
-    EXPECT_EQ(e.Number(), automation::err::kTypeMismatch);
+TEST(AdapterTest, NamesAreResolvedOncePerTypeElsePerObject) {
+  auto plant = MakePlant();
+  for (const GUID& type : {IID__SelectionHandler, GUID_NULL}) {
+    auto counts = std::make_shared<LookupCounts>();
+    const auto first = win32::AdaptAs<toolkit::Ds>(
+        Stranger(plant->DataSources()->Item(1), counts, NameLookup::kGetIDsOfNames, type).Get());
+    const auto second = win32::AdaptAs<toolkit::Ds>(
+        Stranger(plant->DataSources()->Item(3), counts, NameLookup::kGetIDsOfNames, type).Get());
+    EXPECT_EQ(first->GetDsName(), u"Tanks");
+    EXPECT_EQ(first->GetDsName(), u"Tanks");
+    EXPECT_EQ(second->GetDsName(), u"Scratch");
+    EXPECT_EQ(counts->getIDsOfNames, type == GUID_NULL ? 2 : 1);
+    EXPECT_EQ(counts->invoke, 3);
   }
 }
 
-TEST(AdapterTest, AReplacedEventObjectIsAdaptedLikeTheOriginal) {
-  Stranger s(NameLookup::kGetIDsOfNames);
-  automation::ObjectRef model = s.adapted->GetDataSources()->DsItem(1);
-  Stranger other(NameLookup::kGetIDsOfNames);
-  ComPtr<IDispatch> replacement = win32::DispatchFromObject(other.adapted->GetDataSources()->DsItem(3));
-  automation::ObjectRef adapted = win32::AdaptLike(model, replacement.Get());
-  auto ds = std::dynamic_pointer_cast<toolkit::Ds>(adapted);
+TEST(AdapterTest, EachObjectKeepsItsIdentity) {
+  auto plant = MakePlant();
+  const ComPtr<IDispatch> stranger = Stranger(plant, std::make_shared<LookupCounts>());
+  const auto adapted = win32::AdaptAs<toolkit::Display>(stranger.Get());
+  EXPECT_EQ(win32::AdaptAs<toolkit::Display>(stranger.Get()).get(), adapted.get()) << "one adapter per object";
+  EXPECT_EQ(win32::DispatchFromObject(adapted).Get(), stranger.Get()) << "it goes back as the stranger";
+  EXPECT_EQ(win32::AdaptAs<toolkit::Display>(nullptr), nullptr);
+
+  const ComPtr<IDispatch> own = win32::ExposeObject(plant);
+  EXPECT_EQ(win32::AdaptAs<toolkit::Display>(own.Get()).get(), plant.get()) << "this module's own object";
+  EXPECT_EQ(ErrorOf([&] { win32::AdaptAs<toolkit::Ds>(own.Get()); }).Number(), automation::err::kTypeMismatch);
+
+  // An event handler's replacement is adapted like the object it replaces.
+  const automation::ObjectRef model = adapted->GetDataSources()->DsItem(1);
+  const ComPtr<IDispatch> replacement = Stranger(plant->DataSources()->Item(3), std::make_shared<LookupCounts>());
+  const auto ds = std::dynamic_pointer_cast<toolkit::Ds>(win32::AdaptLike(model, replacement.Get()));
   ASSERT_TRUE(ds);
   EXPECT_EQ(ds->GetDsName(), u"Scratch");
   EXPECT_EQ(win32::AdaptLike(model, nullptr), nullptr);
 }
 
 TEST(CommunicationAdapterTest, OutArgumentsComeBackThroughReferences) {
-  auto comm = std::make_shared<MemCommunication>();
-  auto counts = std::make_shared<LookupCounts>();
-  ComPtr<IDispatch> dispatch = Forward(win32::ExposeObject(comm).Get(), NameLookup::kGetIDsOfNames, GUID_NULL, counts);
-  toolkit::CommunicationRef adapted = win32::AdaptAs<toolkit::Communication>(dispatch.Get());
+  auto scada = std::make_shared<sample::SimulatedScada>();
+  scada->AddApplication({1, u"Plant", u"C:\\Plant"});
+  scada->AddApplication({7, u"Mill", u"C:\\Mill"});
+  scada->SetAnswer(u"#return 1", Variant(u"one"));
+  const auto adapted = win32::AdaptAs<toolkit::Communication>(Stranger(scada, std::make_shared<LookupCounts>()).Get());
 
-  automation::Variant names;
-  automation::Variant numbers;
+  Variant names;
+  Variant numbers;
   adapted->GetApplications(names, numbers);
-  ASSERT_TRUE(names.IsArray());
+  ASSERT_TRUE(names.IsArray() && numbers.IsArray());
   ASSERT_EQ(names.AsArray().items.size(), 2u);
-  EXPECT_TRUE(names.AsArray().items[1] == automation::Variant(u"Mill"));
-  EXPECT_TRUE(numbers.AsArray().items[1] == automation::Variant(int16_t{7}));
-
-  automation::Variant result;
-  adapted->ExecuteKorl(u"#return 1", result);
-  EXPECT_TRUE(result == automation::Variant(u"ran #return 1"));
-  adapted->ExecuteKorlInApp(3, u"x", result);
-  EXPECT_TRUE(result == automation::Variant(u"app 3: x"));
-  automation::Variant value;
-  adapted->ValidateItem(u"Plant.Tank1.Level", value);
-  EXPECT_TRUE(value == automation::Variant(3.5));
-  adapted->ScriptFileChanged(u"C:\\app\\PICT\\x.korl");
-  ASSERT_EQ(comm->changedPaths.size(), 1u);
-  EXPECT_EQ(comm->changedPaths[0], u"C:\\app\\PICT\\x.korl");
-  try {
-    adapted->ValidateItem(u"bad", value);
-    FAIL() << "no error";
-  } catch (const automation::AutomationError& e) {
-    EXPECT_EQ(e.Number(), 5);
-    EXPECT_EQ(e.Description(), u"Unknown item");
-  }
+  EXPECT_TRUE(names.AsArray().items[1] == Variant(u"Mill"));
+  EXPECT_EQ(automation::CLng(numbers.AsArray().items[1]), 7);
+  Variant result;
+  adapted->ExecuteKorlInApp(7, u"#return 1", result);
+  EXPECT_TRUE(result == Variant(u"one"));
+  adapted->ScriptFileChanged(u"C:\\Mill\\PICT\\x.korl");
+  EXPECT_EQ(scada->ScriptFileNotices(), std::vector<automation::String>{u"C:\\Mill\\PICT\\x.korl"});
+  EXPECT_EQ(ErrorOf([&] { adapted->ExecuteKorlInApp(3, u"x", result); }).Number(),
+            sample::scada_err::kUnknownApplication);
 }
 
 }  // namespace

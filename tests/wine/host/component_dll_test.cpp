@@ -89,41 +89,6 @@ TEST_F(ComponentDllTest, UnknownClassesAreNotAvailable) {
             CLASS_E_NOAGGREGATION);
 }
 
-TEST_F(ComponentDllTest, SelectionHandlerKeepsNothing) {
-  auto handler = Create<_SelectionHandler>(CLSID_SelectionHandler);
-  auto ui = Create<IDispatch>(CLSID_VarDeskUI);
-  win32::UniqueVariant result;
-  ASSERT_EQ(handler->SetSelectedVariable(ui.Get(), result.Put()), S_OK);
-  EXPECT_EQ(result.Type(), VT_EMPTY);
-  ComPtr<IDispatch> selected;
-  ASSERT_EQ(handler->GetSelectedVariable(selected.Put()), S_OK);
-  EXPECT_FALSE(selected);
-}
-
-TEST_F(ComponentDllTest, HelpFileIsOneForTheWholeApplication) {
-  auto first = Create<_VarDeskUI>(CLSID_VarDeskUI);
-  auto second = Create<_VarDeskUI>(CLSID_VarDeskUI);
-  Bstr path(u"C:\\Help\\Data Browser.chm");
-  ASSERT_EQ(first->put_HelpFile(path.Get()), S_OK);
-  Bstr read;
-  ASSERT_EQ(second->get_HelpFile(read.Put()), S_OK);
-  EXPECT_EQ(read.ToString(), u"C:\\Help\\Data Browser.chm");
-  Bstr none;
-  ASSERT_EQ(first->put_HelpFile(none.Get()), S_OK);
-  ASSERT_EQ(first->get_HelpFile(read.Put()), S_OK);
-  EXPECT_EQ(read.ToString(), u"");
-}
-
-TEST_F(ComponentDllTest, CommunicationReadsAsNothingAfterItWasSet) {
-  auto ui = Create<_VarDeskUI>(CLSID_VarDeskUI);
-  auto comm = Create<IDispatch>(CLSID_SelectionHandler);
-  EXPECT_EQ(ui->putref_Communication(comm.Get()), S_OK);
-  EXPECT_EQ(ui->put_Communication(comm.Get()), S_OK);
-  ComPtr<IDispatch> read;
-  ASSERT_EQ(ui->get_Communication(read.Put()), S_OK);
-  EXPECT_FALSE(read);
-}
-
 // A run without a display fails while the dialog is prepared, before it
 // shows: the host gets error 91 with its description and source.
 TEST_F(ComponentDllTest, RunsWithoutADisplayFailWithRichErrorsBeforeTheDialogShows) {

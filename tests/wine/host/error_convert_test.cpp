@@ -111,14 +111,5 @@ TEST(ErrorConvertTest, NoExceptionEscapesTheBoundary) {
   EXPECT_EQ(win32::ComBoundary(L"T", IID_IDispatch, [] {}), S_OK);
 }
 
-TEST(ErrorConvertTest, ExcepInfoCarriesTheNumberInTheControlFacility) {
-  EXCEPINFO info{};
-  win32::FillExcepInfo(AutomationError(13), L"Src", info);
-  EXPECT_EQ(info.scode, static_cast<SCODE>(0x800A000D));
-  EXPECT_EQ(win32::ToString(info.bstrDescription), automation::StandardDescription(13));
-  SysFreeString(info.bstrDescription);
-  SysFreeString(info.bstrSource);
-}
-
 }  // namespace
 }  // namespace vd::testhost

@@ -5,151 +5,142 @@
 #include "convert/variant_convert.h"
 #include "expose/exposed_object.h"
 #include "expose/toolkit_exposers.h"
-#include "memory_toolkit.h"
+#include "plant.h"
 #include "server/module.h"
+#include "vd/sample/simulated_scada.h"
 
 namespace vd::testhost {
 namespace {
 
+using automation::Variant;
 using win32::ComPtr;
 using win32::UniqueVariant;
 
-DISPID IdOf(IDispatch* object, const wchar_t* name) {
+HRESULT IdOf(IDispatch* object, const wchar_t* name, DISPID& id) {
   std::wstring copy(name);
   LPOLESTR names[] = {copy.data()};
+  return object->GetIDsOfNames(IID_NULL, names, 1, LOCALE_USER_DEFAULT, &id);
+}
+
+// Calls a member with arguments given last-first, as DISPPARAMS wants them;
+// the exception's description, if any, goes to description.
+HRESULT Call(IDispatch* object, const wchar_t* name, std::vector<VARIANT> argsLastFirst, UniqueVariant& result,
+             SCODE& scode, automation::String& description) {
   DISPID id = DISPID_UNKNOWN;
-  EXPECT_EQ(object->GetIDsOfNames(IID_NULL, names, 1, LOCALE_USER_DEFAULT, &id), S_OK) << "name";
-  return id;
-}
-
-// Calls a member with arguments given last-first, as DISPPARAMS wants them.
-HRESULT CallRaw(IDispatch* object, const wchar_t* name, std::vector<VARIANT> argsLastFirst, UniqueVariant& result,
-                EXCEPINFO& info) {
+  EXPECT_EQ(IdOf(object, name, id), S_OK);
   DISPPARAMS params{argsLastFirst.data(), nullptr, static_cast<UINT>(argsLastFirst.size()), 0};
-  return object->Invoke(IdOf(object, name), IID_NULL, LOCALE_USER_DEFAULT, DISPATCH_METHOD, &params, result.Put(),
-                        &info, nullptr);
-}
-
-TEST(ExposerTest, NamesAreFoundIgnoringCase) {
-  auto display = MakePlantDisplay();
-  ComPtr<IDispatch> ds = win32::ExposeObject(display->list->items[0]);
-  EXPECT_EQ(IdOf(ds.Get(), L"GetDsName"), IdOf(ds.Get(), L"getdsname"));
-  std::wstring unknown = L"NoSuchMember";
-  LPOLESTR names[] = {unknown.data()};
-  DISPID id = 0;
-  EXPECT_EQ(ds->GetIDsOfNames(IID_NULL, names, 1, LOCALE_USER_DEFAULT, &id), DISP_E_UNKNOWNNAME);
-  EXPECT_EQ(id, DISPID_UNKNOWN);
-}
-
-TEST(ExposerTest, CallsReachTheObjectAndResultsComeBack) {
-  auto display = MakePlantDisplay();
-  ComPtr<IDispatch> ds = win32::ExposeObject(display->list->items[0]);
-  UniqueVariant result;
   EXCEPINFO info{};
-  UniqueVariant name = win32::ToVariant(automation::Variant(u"Renamed"));
-  ASSERT_EQ(CallRaw(ds.Get(), L"SetDsName", {name.Ref()}, result, info), S_OK);
-  EXPECT_EQ(display->list->items[0]->name, u"Renamed");
-  ASSERT_EQ(CallRaw(ds.Get(), L"GetDsName", {}, result, info), S_OK);
-  EXPECT_TRUE(win32::FromVariant(result.Ref()) == automation::Variant(u"Renamed"));
-}
-
-TEST(ExposerTest, AnErrorOfTheObjectBecomesAnException) {
-  auto display = MakePlantDisplay();
-  display->list->items[0]->failReading = true;
-  ComPtr<IDispatch> ds = win32::ExposeObject(display->list->items[0]);
-  UniqueVariant result;
-  EXCEPINFO info{};
-  ASSERT_EQ(CallRaw(ds.Get(), L"GetDsName", {}, result, info), DISP_E_EXCEPTION);
-  EXPECT_EQ(info.scode, static_cast<SCODE>(0x800A04D2));
-  EXPECT_EQ(win32::ToString(info.bstrDescription), u"The data source cannot be read");
+  const HRESULT hr =
+      object->Invoke(id, IID_NULL, LOCALE_USER_DEFAULT, DISPATCH_METHOD, &params, result.Put(), &info, nullptr);
+  scode = info.scode;
+  description = win32::ToString(info.bstrDescription);
   SysFreeString(info.bstrDescription);
   SysFreeString(info.bstrSource);
+  return hr;
+}
+
+TEST(ExposerTest, CallsReachTheObjectByNamesInAnyCase) {
+  auto plant = MakePlant();
+  const ComPtr<IDispatch> ds = win32::ExposeObject(plant->DataSources()->Item(1));
+  DISPID upper = 0;
+  DISPID lower = 0;
+  EXPECT_EQ(IdOf(ds.Get(), L"GetDsName", upper), S_OK);
+  EXPECT_EQ(IdOf(ds.Get(), L"getdsname", lower), S_OK);
+  EXPECT_EQ(upper, lower);
+  EXPECT_EQ(IdOf(ds.Get(), L"NoSuchMember", lower), DISP_E_UNKNOWNNAME);
+  EXPECT_EQ(lower, DISPID_UNKNOWN);
+
+  UniqueVariant result;
+  SCODE scode = 0;
+  automation::String description;
+  const UniqueVariant name = win32::ToVariant(Variant(u"Renamed"));
+  ASSERT_EQ(Call(ds.Get(), L"SetDsName", {name.Ref()}, result, scode, description), S_OK);
+  EXPECT_EQ(plant->DataSources()->Item(1)->GetDsName(), u"Renamed");
+  ASSERT_EQ(Call(ds.Get(), L"getDsName", {}, result, scode, description), S_OK);
+  EXPECT_TRUE(win32::FromVariant(result.Ref()) == Variant(u"Renamed"));
+
+  // A missing argument is 450, and nothing changes.
+  ASSERT_EQ(Call(ds.Get(), L"SetDsName", {}, result, scode, description), DISP_E_EXCEPTION);
+  EXPECT_EQ(scode, static_cast<SCODE>(0x800A01C2));
+  EXPECT_EQ(plant->DataSources()->Item(1)->GetDsName(), u"Renamed");
+}
+
+TEST(ExposerTest, AnErrorOfTheObjectBecomesAnExceptionWithItsDescription) {
+  auto plant = MakePlant();
+  auto scratch = plant->DataSources()->Item(3);
+  const ComPtr<IDispatch> ds = win32::ExposeObject(scratch);
+  ASSERT_TRUE(scratch->RemoveDs());
+  UniqueVariant result;
+  SCODE scode = 0;
+  automation::String description;
+  ASSERT_EQ(Call(ds.Get(), L"GetDsName", {}, result, scode, description), DISP_E_EXCEPTION);
+  EXPECT_EQ(scode, static_cast<SCODE>(0x800A0005));
+  EXPECT_EQ(description, ErrorOf([&] { scratch->GetDsName(); }).Description());
 }
 
 TEST(ExposerTest, OnlyCustomObjectsAnswerTheCustomMembers) {
-  auto display = MakePlantDisplay();
+  auto plant = MakePlant();
+  const auto tanks = plant->DataSources()->Item(1);
+  const auto scada = plant->DataSources()->Item(2);
   struct Case {
     automation::ObjectRef object;
     const wchar_t* member;
-    bool answers;
+    HRESULT answer;
   };
   const Case cases[] = {
-      {display->list->items[0], L"GetParams", false},
-      {display->list->items[1], L"GetParams", true},
-      {display->list->items[0]->vars->items[0], L"GetParams", false},
-      {display->list->items[0]->vars->items[0], L"GetDsvAccess", false},
-      {display->list->items[1]->vars->items[0], L"GetParams", true},
-      {display->list->items[1]->vars->items[0], L"GetDsvAccess", true},
+      {tanks, L"GetParams", DISP_E_UNKNOWNNAME},
+      {scada, L"GetParams", S_OK},
+      {tanks->Variables()->Item(1), L"GetDsvAccess", DISP_E_UNKNOWNNAME},
+      {scada->Variables()->Item(1), L"GetParams", S_OK},
+      {scada->Variables()->Item(1), L"GetDsvAccess", S_OK},
   };
   for (const Case& c : cases) {
-    SCOPED_TRACE(testing::Message() << (c.answers ? "custom " : "plain ")
-                                    << std::string(c.member, c.member + wcslen(c.member)));
-    ComPtr<IDispatch> exposed = win32::ExposeObject(c.object);
-    std::wstring name(c.member);
-    LPOLESTR names[] = {name.data()};
+    SCOPED_TRACE(testing::Message() << &c - cases);
     DISPID id = 0;
-    EXPECT_EQ(exposed->GetIDsOfNames(IID_NULL, names, 1, LOCALE_USER_DEFAULT, &id),
-              c.answers ? S_OK : DISP_E_UNKNOWNNAME);
+    EXPECT_EQ(IdOf(win32::ExposeObject(c.object).Get(), c.member, id), c.answer);
   }
-  ComPtr<IDispatch> custom = win32::ExposeObject(display->list->items[1]);
-  UniqueVariant result;
-  EXCEPINFO none{};
-  ASSERT_EQ(CallRaw(custom.Get(), L"GetParams", {}, result, none), S_OK);
-  EXPECT_EQ(result.Type(), VT_DISPATCH);
 }
 
 TEST(ExposerTest, OneObjectKeepsOneDispatchWhileItLives) {
-  auto display = MakePlantDisplay();
+  auto plant = MakePlant();
   const long before = win32::LiveModuleObjects();
-  ComPtr<IDispatch> first = win32::ExposeObject(display);
-  ComPtr<IDispatch> second = win32::ExposeObject(display);
+  ComPtr<IDispatch> first = win32::ExposeObject(plant);
+  ComPtr<IDispatch> second = win32::ExposeObject(plant);
   EXPECT_EQ(first.Get(), second.Get());
   EXPECT_EQ(win32::LiveModuleObjects(), before + 1);
-  EXPECT_EQ(win32::FindExposed(first.Get())->Target().get(), display.get());
+  EXPECT_EQ(win32::FindExposed(first.Get())->Target().get(), plant.get());
   first.Reset();
   second.Reset();
   EXPECT_EQ(win32::LiveModuleObjects(), before);
 }
 
 TEST(ExposerTest, OutArgumentsAreWrittenThroughTheirReferences) {
-  auto comm = std::make_shared<MemCommunication>();
-  ComPtr<IDispatch> exposed = win32::ExposeObject(comm);
+  auto scada = std::make_shared<sample::SimulatedScada>();
+  scada->AddApplication({1, u"Plant", u"C:\\Plant"});
+  scada->SetAnswer(u"#return 1", Variant(u"one"));
+  const ComPtr<IDispatch> exposed = win32::ExposeObject(scada);
   UniqueVariant result;
-  EXCEPINFO info{};
-  // ExecuteKorl(request, result) with result as VARIANT by reference.
-  UniqueVariant request = win32::ToVariant(automation::Variant(u"#return 1"));
+  SCODE scode = 0;
+  automation::String description;
+  const UniqueVariant request = win32::ToVariant(Variant(u"#return 1"));
+
   UniqueVariant out;
   VARIANT byRef;
   byRef.vt = VT_BYREF | VT_VARIANT;
   byRef.pvarVal = out.Get();
-  ASSERT_EQ(CallRaw(exposed.Get(), L"ExecuteKorl", {byRef, request.Ref()}, result, info), S_OK);
-  EXPECT_TRUE(win32::FromVariant(out.Ref()) == automation::Variant(u"ran #return 1"));
+  ASSERT_EQ(Call(exposed.Get(), L"ExecuteKorl", {byRef, request.Ref()}, result, scode, description), S_OK);
+  EXPECT_TRUE(win32::FromVariant(out.Ref()) == Variant(u"one"));
 
-  // ValidateItem(itemId, value) with value as a typed Double reference.
-  UniqueVariant item = win32::ToVariant(automation::Variant(u"Plant.Tank1.Level"));
-  double value = 0;
-  VARIANT byRefDouble;
-  byRefDouble.vt = VT_BYREF | VT_R8;
-  byRefDouble.pdblVal = &value;
-  ASSERT_EQ(CallRaw(exposed.Get(), L"ValidateItem", {byRefDouble, item.Ref()}, result, info), S_OK);
-  EXPECT_EQ(value, 3.5);
+  win32::Bstr text;
+  VARIANT byRefText;
+  byRefText.vt = VT_BYREF | VT_BSTR;
+  byRefText.pbstrVal = text.Put();
+  ASSERT_EQ(Call(exposed.Get(), L"ExecuteKorl", {byRefText, request.Ref()}, result, scode, description), S_OK);
+  EXPECT_EQ(text.ToString(), u"one") << "a typed reference";
 
-  // A by-value argument cannot be written and stays as it was.
-  UniqueVariant byValue = win32::ToVariant(automation::Variant(u"before"));
-  ASSERT_EQ(CallRaw(exposed.Get(), L"ExecuteKorl", {byValue.Ref(), request.Ref()}, result, info), S_OK);
-  EXPECT_TRUE(win32::FromVariant(byValue.Ref()) == automation::Variant(u"before"));
-}
-
-TEST(ExposerTest, MissingArgumentsAreTheWrongArgumentCount) {
-  auto display = MakePlantDisplay();
-  ComPtr<IDispatch> ds = win32::ExposeObject(display->list->items[0]);
-  UniqueVariant result;
-  EXCEPINFO info{};
-  ASSERT_EQ(CallRaw(ds.Get(), L"SetDsName", {}, result, info), DISP_E_EXCEPTION);
-  EXPECT_EQ(info.scode, static_cast<SCODE>(0x800A01C2)) << "450";
-  EXPECT_EQ(display->list->items[0]->name, u"Tanks");
-  SysFreeString(info.bstrDescription);
-  SysFreeString(info.bstrSource);
+  const UniqueVariant byValue = win32::ToVariant(Variant(u"before"));
+  ASSERT_EQ(Call(exposed.Get(), L"ExecuteKorl", {byValue.Ref(), request.Ref()}, result, scode, description), S_OK);
+  EXPECT_TRUE(win32::FromVariant(byValue.Ref()) == Variant(u"before")) << "a value cannot be written";
 }
 
 }  // namespace

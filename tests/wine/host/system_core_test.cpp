@@ -104,66 +104,6 @@ TEST(SystemCoreTest, OkReturnsTheVariablePickedInTheTree) {
   }
 }
 
-TEST(SystemCoreTest, CloseEndsASelectionRunWithNothing) {
-  SystemFixture f;
-  forms::testing::TestDriver user;
-  browser::frmDataBrowser& form = f.Form();
-  user.SelectNode(form.treDataSources, u"2:1").Click(form.dbClose);
-  ComPtr<IDispatch> selected;
-  ASSERT_EQ(f.ui->SelectDataVar(f.display.Get(), 1, 501, 0, 0, selected.Put()), S_OK);
-  EXPECT_FALSE(selected);
-  // The variable panel's fill writes the shown variable's scope back, so a look is a change.
-  VARIANT_BOOL modified = VARIANT_FALSE;
-  ASSERT_EQ(f.ui->IsModified(&modified), S_OK);
-  EXPECT_EQ(modified, VARIANT_TRUE);
-}
-
-TEST(SystemCoreTest, TheNumericFilterKeepsOkDisabledOnAText) {
-  SystemFixture f;
-  forms::testing::TestDriver user;
-  browser::frmDataBrowser& form = f.Form();
-  user.SelectNode(form.treDataSources, u"1:2")
-      .Check([&] { EXPECT_FALSE(form.dbOK.Enabled()) << "a Text is no number"; })
-      .SelectNode(form.treDataSources, u"1:1")
-      .Check([&] { EXPECT_TRUE(form.dbOK.Enabled()); })
-      .Click(form.dbOK);
-  ComPtr<IDispatch> selected;
-  ASSERT_EQ(f.ui->SelectDataVar(f.display.Get(), 1, 501, 0, 0, selected.Put()), S_OK);
-  EXPECT_EQ(SystemFixture::NameOf(selected.Get()), u"LT101");
-}
-
-TEST(SystemCoreTest, AnEditingRunShowsCloseAloneAndReportsNoChangeWithoutEdits) {
-  SystemFixture f;
-  forms::testing::TestDriver user;
-  browser::frmDataBrowser& form = f.Form();
-  user.Check([&] {
-        EXPECT_EQ(form.Caption(), u"Data Selection");
-        EXPECT_FALSE(form.dbOK.Visible());
-        EXPECT_FALSE(form.dbEdit.Visible());
-        EXPECT_EQ(form.treDataSources.Nodes().Count(), 9) << "three data sources and six variables";
-      })
-      .Click(form.dbClose);
-  ASSERT_EQ(f.ui->EditDataSources(f.display.Get()), S_OK);
-  VARIANT_BOOL modified = VARIANT_TRUE;
-  ASSERT_EQ(f.ui->IsModified(&modified), S_OK);
-  EXPECT_EQ(modified, VARIANT_FALSE);
-}
-
-TEST(SystemCoreTest, TheSecondRunStartsFromItsOwnPreparationNotTheFirstsSelection) {
-  SystemFixture f;
-  forms::testing::TestDriver user;
-  browser::frmDataBrowser& form = f.Form();
-  user.SelectNode(form.treDataSources, u"2:1").Click(form.dbOK);
-  ComPtr<IDispatch> first;
-  ASSERT_EQ(f.ui->SelectDataVar(f.display.Get(), 1, 501, 0, 0, first.Put()), S_OK);
-  ASSERT_EQ(SystemFixture::NameOf(first.Get()), u"FT201");
-
-  user.Check([&] { EXPECT_FALSE(form.dbOK.Enabled()) << "nothing is picked yet"; }).Click(form.dbClose);
-  ComPtr<IDispatch> second;
-  ASSERT_EQ(f.ui->SelectDataVar(f.display.Get(), 2, 501, 0, 0, second.Put()), S_OK);
-  EXPECT_FALSE(second);
-}
-
 // The form raises its events while the dialog is shown; here they are raised
 // as its custom-object buttons raise them.
 TEST(SystemCoreTest, TheFormsEventsReachTheSinksAndTheirReplacementComesBack) {
@@ -190,17 +130,6 @@ TEST(SystemCoreTest, TheFormsEventsReachTheSinksAndTheirReplacementComesBack) {
   const std::vector<DISPID> expected{win32::kEditCustomDsEvent, win32::kEditCustomDsvEvent};
   EXPECT_EQ(sink.events, expected);
   EXPECT_EQ(point->Unadvise(cookie), S_OK);
-}
-
-TEST(SystemCoreTest, TheHelpFileIsTheSystemsApplicationWidePath) {
-  SystemFixture f;
-  win32::Bstr path(u"C:\\Help\\Plant.chm");
-  ASSERT_EQ(f.ui->put_HelpFile(path.Get()), S_OK);
-  EXPECT_EQ(host::VarDeskUI::HelpFile(), u"C:\\Help\\Plant.chm");
-  host::VarDeskUI::SetHelpFile(u"");
-  win32::Bstr read;
-  ASSERT_EQ(f.ui->get_HelpFile(read.Put()), S_OK);
-  EXPECT_EQ(read.ToString(), u"");
 }
 
 }  // namespace

@@ -1,3 +1,6 @@
+# host: demo samples/plant.json
+# expect: run: editing
+# expect: modified: yes
 # The panel fill lets the scope option's click through, which writes the
 # variable's scope back: a mere look at a variable marks the display modified.
 wait form frmDataBrowser

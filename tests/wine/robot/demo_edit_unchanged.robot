@@ -1,3 +1,6 @@
+# host: demo samples/plant.json
+# expect: run: editing
+# expect: modified: no
 # An editing run: OK and Edit are hidden, Close stands alone. Looking at data
 # sources changes nothing.
 wait form frmDataBrowser
@@ -13,6 +16,5 @@ check txtSize text "8"
 click node "_Plant_Constants4"
 check txtDsName text "Plant_Constants"
 check txtSize text "6"
-screenshot demo-editing.bmp
 click dbClose
 wait gone

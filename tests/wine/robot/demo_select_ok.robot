@@ -1,3 +1,7 @@
+# host: demo samples/plant.json --select 1 501 0 0
+# expect: run: selection (context 1, type 501, rows 0, cols 0)
+# expect: selected: Plant_Constants / Tank_T201_Volume_m3
+# expect: modified: yes
 # A selection run for dynamics under the numeric filter (the demo host over
 # the plant sample): a data source and a text variable cannot be chosen, a
 # numeric variable can, and OK hands it to the host.
@@ -15,6 +19,5 @@ check dbOK disabled
 click node "4:1"  # Tank_T201_Volume_m3
 check dbOK enabled
 check txtDsvName text "Tank_T201_Volume_m3"
-screenshot demo-selection.bmp
 click dbOK
 wait gone

@@ -1,3 +1,4 @@
+# host: vbs dialog_panels
 # The user in tests/wine/scripts/dialog_panels.vbs: an editing run that
 # changes a variable's type, shape, dimensions and scope, a text variable,
 # a constant's value and a data source's name, and meets the refusals.
@@ -31,7 +32,6 @@ check txtDsvRows text "2"
 check txtDsvCols text "5"
 type txtDsvRows "3"
 type txtDsvCols "abc"
-screenshot vbs-panels-message.bmp
 answer msgbox "Invalid nummeric entry, 'abc'.  Entry must be a positive whole number." title "Data Selection" button OK
 check txtDsvCols text "5"
 type txtDsvRows "x1"
@@ -65,6 +65,5 @@ check fraDs visible
 check txtDsName text "Tanks"
 type txtDsName "Vessels"
 check node "_Tanks1" text "Vessels"
-screenshot vbs-panels.bmp
 click dbClose
 wait gone

@@ -1,3 +1,4 @@
+# host: vbs dialog_runs
 # The user in the runs of tests/wine/scripts/dialog_runs.vbs, in order.
 # 1. A selection run: OK on Level.
 wait form frmDataBrowser
@@ -33,7 +34,6 @@ check cmdDSVcustom caption "More..."
 click cmdDSVcustom
 check node "2:1" present
 check node "_Scada2" selected
-screenshot vbs-dialog-runs.bmp
 click dbOK
 wait gone
 # 5. A selection run for data mapping: the host marked Pressure_bar, which

@@ -1,34 +1,53 @@
-# The robot's own test: every kind of step against the small target program.
+# host: target
+# expect: target: txtName.Change:abc
+# expect: target: txtName.KeyPress:120
+# expect: target: txtName.Change:x
+# expect: target: txtName.KeyPress:121
+# expect: target: txtName.Change:xy
+# expect: target: cmdApply.GotFocus
+# expect: target: cboType.DropDown
+# expect: target: cboType.Click:Float
+# expect: target: chkExpandAll.Click:1
+# expect: target: optBinary.Click
+# expect: target: treItems.NodeClick:1:2
+# expect: target: treItems.NodeClick:1:1
+# expect: target: treItems.DblClick
+# expect: target: Form.KeyDown:114:1
+# expect: target: Form.KeyDown:70:2
+# expect: target: cmdApply.Click
+# expect: target: answer:2
+# expect: target: cmdClose.Click
+# The robot's own test: every kind of step against the views' sample form,
+# whose event log shows what the robot's input made of it.
 timeout 10000
-wait form frmTarget
-check caption "Robot Target"
-check cmdHello enabled
-check txtValue text "start"
-type txtValue "abc"
-check txtValue text "abc"
-type txtValue "xy" keys
-check txtValue text "xy"
-check txtValue focused
+wait form frmSample
+check caption "Sample Browser"
+check cmdApply enabled
+check txtName text ""
+type txtName "abc"
+check txtName text "abc"
+type txtName "xy" keys
+check txtName text "xy"
+check txtName focused
 key TAB
-check txtOther focused
-type txtValue "box"
-answer msgbox "Box: 'box'" title "Robot Target" button OK
-pick cboKind "Text"
-check cboKind text "Text"
-check cboKind items "Double|Float|Text"
-click chkFlag
-check chkFlag checked
+check cmdApply focused
+pick cboType "Float"
+check cboType text "Float"
+check cboType items "Byte|Short|Long|Float|Double"
+click chkExpandAll
+check chkExpandAll checked
+click optBinary
+check optASCII unchecked
 click node "1:2"
 check node "1:2" selected
-check node "1:2" text "Two"
-check node "_Alpha1" present
-check node "_Beta2" absent
+check node "1:2" text "Var 1.2"
+check node "_Source3" present
+check node "_Source11" absent
 dblclick node "1:1"
 key F3 shift
 key F ctrl
-click cmdHello
+click cmdApply
 answer msgbox "Hello,\r\nrobot." title "Robot Target" button Cancel
 check no msgbox
-screenshot robot-target.bmp
-click cmdHide
+click cmdClose
 wait gone

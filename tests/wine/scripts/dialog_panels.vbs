@@ -2,7 +2,6 @@
 ' read back after the run: the robot (tests/wine/robot/dialog_panels.robot)
 ' changes types, shapes, dimensions, scope, a constant's value and a name.
 Dim ui, d, tanks, level, flow, limits, highLimit
-StartRobot "dialog_panels"
 Set ui = CreateObject("VarDeskGUI.VarDeskUI")
 Set d = New TestDisplay
 Set d.List = New TestDsList

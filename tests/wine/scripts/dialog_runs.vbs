@@ -28,7 +28,6 @@ End Class
 
 Const kMark = "0_ThIs_1_StRiNg_2_WiLl_3_NeVeR_4_eVeR_5_bE_6_uSeD_7_aS_8_a_9_nAmE_8_bY_7_THE_6_users543210"
 Dim ui, d, level, pressure, flow, r, handler, editor, bridge
-StartRobot "dialog_runs"
 Set ui = CreateObject("VarDeskGUI.VarDeskUI")
 Set d = NewPlantDisplay()
 Set level = d.List.DsItem(1).GetDsVars().DsvItem(1)

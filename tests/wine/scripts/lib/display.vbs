@@ -4,18 +4,10 @@
 
 Class ObjList
   Private items  ' index -> object
-  Private Sub Class_Initialize
-    Set items = CreateObject("Scripting.Dictionary")
-  End Sub
-  Public Function Count()
-    Count = items.Count
-  End Function
-  Public Function Item(i)
-    Set Item = items.Item(i)
-  End Function
-  Public Sub Add(obj)
-    items.Add items.Count + 1, obj
-  End Sub
+  Private Sub Class_Initialize : Set items = CreateObject("Scripting.Dictionary") : End Sub
+  Public Function Count() : Count = items.Count : End Function
+  Public Function Item(i) : Set Item = items.Item(i) : End Function
+  Public Sub Add(obj) : items.Add items.Count + 1, obj : End Sub
   Public Function IndexOf(obj)
     Dim i
     IndexOf = 0
@@ -50,12 +42,8 @@ End Class
 Class TestParam
   Public ParamType
   Public ParamValue
-  Public Function GetParamType()
-    GetParamType = ParamType
-  End Function
-  Public Function GetParamValue()
-    GetParamValue = ParamValue
-  End Function
+  Public Function GetParamType() : GetParamType = ParamType : End Function
+  Public Function GetParamValue() : GetParamValue = ParamValue : End Function
   Public Sub SetParamValue(typeCode, value)
     ParamType = typeCode
     ParamValue = value
@@ -64,15 +52,9 @@ End Class
 
 Class TestParamList
   Public Items
-  Private Sub Class_Initialize
-    Set Items = New ObjList
-  End Sub
-  Public Function ParamCount()
-    ParamCount = Items.Count()
-  End Function
-  Public Function ParamItem(i)
-    Set ParamItem = Items.Item(i)
-  End Function
+  Private Sub Class_Initialize : Set Items = New ObjList : End Sub
+  Public Function ParamCount() : ParamCount = Items.Count() : End Function
+  Public Function ParamItem(i) : Set ParamItem = Items.Item(i) : End Function
   Public Function AddParam()
     Dim p
     Set p = New TestParam
@@ -107,18 +89,10 @@ Class TestDsv
   Public UseCount
   Public Parent    ' the data source object the host sees (a wrapper when custom)
   Public Owner     ' the variable object the host sees (a wrapper when custom)
-  Public Function GetDsvName()
-    GetDsvName = Name
-  End Function
-  Public Sub SetDsvName(v)
-    Name = v
-  End Sub
-  Public Function GetDsvType()
-    GetDsvType = DsvType
-  End Function
-  Public Sub SetDsvType(v)
-    DsvType = v
-  End Sub
+  Public Function GetDsvName() : GetDsvName = Name : End Function
+  Public Sub SetDsvName(v) : Name = v : End Sub
+  Public Function GetDsvType() : GetDsvType = DsvType : End Function
+  Public Sub SetDsvType(v) : DsvType = v : End Sub
   ' The shape follows the dimensions, as the toolkit keeps it.
   Public Function GetDsvShape()
     If Rows >= 2 Then
@@ -129,36 +103,16 @@ Class TestDsv
       GetDsvShape = 1
     End If
   End Function
-  Public Function GetDsvRows()
-    GetDsvRows = Rows
-  End Function
-  Public Sub SetDsvRows(v)
-    Rows = v
-  End Sub
-  Public Function GetDsvCols()
-    GetDsvCols = Cols
-  End Function
-  Public Sub SetDsvCols(v)
-    Cols = v
-  End Sub
-  Public Function GetDsvScope()
-    GetDsvScope = Scope
-  End Function
-  Public Sub SetDsvScope(v)
-    Scope = v
-  End Sub
-  Public Function GetDsvValue()
-    GetDsvValue = Value
-  End Function
-  Public Sub SetDsvValue(v)
-    Value = v
-  End Sub
-  Public Function GetDsvParent()
-    Set GetDsvParent = Parent
-  End Function
-  Public Function GetDsvUseCount()
-    GetDsvUseCount = UseCount
-  End Function
+  Public Function GetDsvRows() : GetDsvRows = Rows : End Function
+  Public Sub SetDsvRows(v) : Rows = v : End Sub
+  Public Function GetDsvCols() : GetDsvCols = Cols : End Function
+  Public Sub SetDsvCols(v) : Cols = v : End Sub
+  Public Function GetDsvScope() : GetDsvScope = Scope : End Function
+  Public Sub SetDsvScope(v) : Scope = v : End Sub
+  Public Function GetDsvValue() : GetDsvValue = Value : End Function
+  Public Sub SetDsvValue(v) : Value = v : End Sub
+  Public Function GetDsvParent() : Set GetDsvParent = Parent : End Function
+  Public Function GetDsvUseCount() : GetDsvUseCount = UseCount : End Function
   Public Function RemoveDsv()
     Dim list
     Set list = Parent.GetDsVars().Items
@@ -184,83 +138,35 @@ Class TestCustomDsv
   Public Inner
   Public Params
   Public Access
-  Public Function GetDsvName()
-    GetDsvName = Inner.GetDsvName()
-  End Function
-  Public Sub SetDsvName(v)
-    Inner.SetDsvName v
-  End Sub
-  Public Function GetDsvType()
-    GetDsvType = Inner.GetDsvType()
-  End Function
-  Public Sub SetDsvType(v)
-    Inner.SetDsvType v
-  End Sub
-  Public Function GetDsvShape()
-    GetDsvShape = Inner.GetDsvShape()
-  End Function
-  Public Function GetDsvRows()
-    GetDsvRows = Inner.GetDsvRows()
-  End Function
-  Public Sub SetDsvRows(v)
-    Inner.SetDsvRows v
-  End Sub
-  Public Function GetDsvCols()
-    GetDsvCols = Inner.GetDsvCols()
-  End Function
-  Public Sub SetDsvCols(v)
-    Inner.SetDsvCols v
-  End Sub
-  Public Function GetDsvScope()
-    GetDsvScope = Inner.GetDsvScope()
-  End Function
-  Public Sub SetDsvScope(v)
-    Inner.SetDsvScope v
-  End Sub
-  Public Function GetDsvValue()
-    GetDsvValue = Inner.GetDsvValue()
-  End Function
-  Public Sub SetDsvValue(v)
-    Inner.SetDsvValue v
-  End Sub
-  Public Function GetDsvParent()
-    Set GetDsvParent = Inner.GetDsvParent()
-  End Function
-  Public Function GetDsvUseCount()
-    GetDsvUseCount = Inner.GetDsvUseCount()
-  End Function
-  Public Function RemoveDsv()
-    RemoveDsv = Inner.RemoveDsv()
-  End Function
-  Public Function DsvMoveUp()
-    DsvMoveUp = Inner.DsvMoveUp()
-  End Function
-  Public Function DsvMoveDown()
-    DsvMoveDown = Inner.DsvMoveDown()
-  End Function
-  Public Function GetParams()
-    Set GetParams = Params
-  End Function
-  Public Function GetDsvAccess()
-    GetDsvAccess = Access
-  End Function
+  Public Function GetDsvName() : GetDsvName = Inner.GetDsvName() : End Function
+  Public Sub SetDsvName(v) : Inner.SetDsvName v : End Sub
+  Public Function GetDsvType() : GetDsvType = Inner.GetDsvType() : End Function
+  Public Sub SetDsvType(v) : Inner.SetDsvType v : End Sub
+  Public Function GetDsvShape() : GetDsvShape = Inner.GetDsvShape() : End Function
+  Public Function GetDsvRows() : GetDsvRows = Inner.GetDsvRows() : End Function
+  Public Sub SetDsvRows(v) : Inner.SetDsvRows v : End Sub
+  Public Function GetDsvCols() : GetDsvCols = Inner.GetDsvCols() : End Function
+  Public Sub SetDsvCols(v) : Inner.SetDsvCols v : End Sub
+  Public Function GetDsvScope() : GetDsvScope = Inner.GetDsvScope() : End Function
+  Public Sub SetDsvScope(v) : Inner.SetDsvScope v : End Sub
+  Public Function GetDsvValue() : GetDsvValue = Inner.GetDsvValue() : End Function
+  Public Sub SetDsvValue(v) : Inner.SetDsvValue v : End Sub
+  Public Function GetDsvParent() : Set GetDsvParent = Inner.GetDsvParent() : End Function
+  Public Function GetDsvUseCount() : GetDsvUseCount = Inner.GetDsvUseCount() : End Function
+  Public Function RemoveDsv() : RemoveDsv = Inner.RemoveDsv() : End Function
+  Public Function DsvMoveUp() : DsvMoveUp = Inner.DsvMoveUp() : End Function
+  Public Function DsvMoveDown() : DsvMoveDown = Inner.DsvMoveDown() : End Function
+  Public Function GetParams() : Set GetParams = Params : End Function
+  Public Function GetDsvAccess() : GetDsvAccess = Access : End Function
 End Class
 
 Class TestDsvList
   Public Items
   Public Parent
-  Private Sub Class_Initialize
-    Set Items = New ObjList
-  End Sub
-  Public Function DsvCount()
-    DsvCount = Items.Count()
-  End Function
-  Public Function DsvItem(i)
-    Set DsvItem = Items.Item(i)
-  End Function
-  Public Function AddDsv()
-    Set AddDsv = NewDsv(Parent, "Var" & (Items.Count() + 1), 8, 2.5)
-  End Function
+  Private Sub Class_Initialize : Set Items = New ObjList : End Sub
+  Public Function DsvCount() : DsvCount = Items.Count() : End Function
+  Public Function DsvItem(i) : Set DsvItem = Items.Item(i) : End Function
+  Public Function AddDsv() : Set AddDsv = NewDsv(Parent, "Var" & (Items.Count() + 1), 8, 2.5) : End Function
 End Class
 
 Class TestDs
@@ -270,20 +176,10 @@ Class TestDs
   Public Vars
   Public List
   Public Owner       ' the data source object the host sees
-  Public FailReading ' when set, GetDsName raises the error a broken source gives
-  Public Function GetDsName()
-    If FailReading Then Err.Raise 1234, "TestDs", "The data source cannot be read"
-    GetDsName = Name
-  End Function
-  Public Sub SetDsName(v)
-    Name = v
-  End Sub
-  Public Function GetDsType()
-    GetDsType = DsType
-  End Function
-  Public Function GetDsVars()
-    Set GetDsVars = Vars
-  End Function
+  Public Function GetDsName() : GetDsName = Name : End Function
+  Public Sub SetDsName(v) : Name = v : End Sub
+  Public Function GetDsType() : GetDsType = DsType : End Function
+  Public Function GetDsVars() : Set GetDsVars = Vars : End Function
   Public Function RemoveDs()
     List.Items.Remove List.Items.IndexOf(Owner)
     RemoveDs = True
@@ -298,70 +194,36 @@ Class TestDs
     i = List.Items.IndexOf(Owner)
     DsMoveDown = List.Items.Swap(i, i + 1)
   End Function
-  Public Function GetDsAscii()
-    GetDsAscii = Ascii
-  End Function
-  Public Sub SetDsAscii(v)
-    Ascii = v
-  End Sub
+  Public Function GetDsAscii() : GetDsAscii = Ascii : End Function
+  Public Sub SetDsAscii(v) : Ascii = v : End Sub
 End Class
 
 Class TestCustomDs
   Public Inner
   Public Params
-  Public Function GetDsName()
-    GetDsName = Inner.GetDsName()
-  End Function
-  Public Sub SetDsName(v)
-    Inner.SetDsName v
-  End Sub
-  Public Function GetDsType()
-    GetDsType = Inner.GetDsType()
-  End Function
-  Public Function GetDsVars()
-    Set GetDsVars = Inner.GetDsVars()
-  End Function
-  Public Function RemoveDs()
-    RemoveDs = Inner.RemoveDs()
-  End Function
-  Public Function DsMoveUp()
-    DsMoveUp = Inner.DsMoveUp()
-  End Function
-  Public Function DsMoveDown()
-    DsMoveDown = Inner.DsMoveDown()
-  End Function
-  Public Function GetDsAscii()
-    GetDsAscii = Inner.GetDsAscii()
-  End Function
-  Public Sub SetDsAscii(v)
-    Inner.SetDsAscii v
-  End Sub
-  Public Function GetParams()
-    Set GetParams = Params
-  End Function
+  Public Function GetDsName() : GetDsName = Inner.GetDsName() : End Function
+  Public Sub SetDsName(v) : Inner.SetDsName v : End Sub
+  Public Function GetDsType() : GetDsType = Inner.GetDsType() : End Function
+  Public Function GetDsVars() : Set GetDsVars = Inner.GetDsVars() : End Function
+  Public Function RemoveDs() : RemoveDs = Inner.RemoveDs() : End Function
+  Public Function DsMoveUp() : DsMoveUp = Inner.DsMoveUp() : End Function
+  Public Function DsMoveDown() : DsMoveDown = Inner.DsMoveDown() : End Function
+  Public Function GetDsAscii() : GetDsAscii = Inner.GetDsAscii() : End Function
+  Public Sub SetDsAscii(v) : Inner.SetDsAscii v : End Sub
+  Public Function GetParams() : Set GetParams = Params : End Function
 End Class
 
 Class TestDsList
   Public Items
-  Private Sub Class_Initialize
-    Set Items = New ObjList
-  End Sub
-  Public Function DsCount()
-    DsCount = Items.Count()
-  End Function
-  Public Function DsItem(i)
-    Set DsItem = Items.Item(i)
-  End Function
-  Public Function AddDs(kind, text)
-    Set AddDs = NewDs(Me, text, kind)
-  End Function
+  Private Sub Class_Initialize : Set Items = New ObjList : End Sub
+  Public Function DsCount() : DsCount = Items.Count() : End Function
+  Public Function DsItem(i) : Set DsItem = Items.Item(i) : End Function
+  Public Function AddDs(kind, text) : Set AddDs = NewDs(Me, text, kind) : End Function
 End Class
 
 Class TestDisplay
   Public List
-  Public Function GetDataSources()
-    Set GetDataSources = List
-  End Function
+  Public Function GetDataSources() : Set GetDataSources = List : End Function
 End Class
 
 ' A new data source of the kind, appended to the list; kind 105 is custom.
@@ -371,7 +233,6 @@ Function NewDs(list, name, kind)
   ds.Name = name
   ds.DsType = kind
   ds.Ascii = False
-  ds.FailReading = False
   Set ds.List = list
   Set ds.Vars = New TestDsvList
   If kind = 105 Then
@@ -427,37 +288,4 @@ Function NewPlantDisplay()
   NewDsv customDs, "Valve", 9, 0
   Set memDs = NewDs(d.List, "Scratch", 6)
   Set NewPlantDisplay = d
-End Function
-
-Function ParamsText(params)
-  Dim i, t
-  t = "P="
-  For i = 1 To params.ParamCount()
-    If i > 1 Then t = t & ","
-    t = t & params.ParamItem(i).GetParamType() & ":" & CStr(params.ParamItem(i).GetParamValue())
-  Next
-  ParamsText = t
-End Function
-
-' The display read directly from the script's own objects, line for line in
-' the format of the harness's DescribeDisplay.
-Function DescribeOwnDisplay(d)
-  Dim t, i, j, ds, v, asciiText
-  t = ""
-  For i = 1 To d.List.DsCount()
-    Set ds = d.List.DsItem(i)
-    If ds.GetDsAscii() Then asciiText = "1" Else asciiText = "0"
-    t = t & "DS " & i & " " & ds.GetDsName() & "|" & ds.GetDsType() & "|" & asciiText
-    If ds.GetDsType() = 105 Then t = t & "|" & ParamsText(ds.GetParams())
-    t = t & vbLf
-    For j = 1 To ds.GetDsVars().DsvCount()
-      Set v = ds.GetDsVars().DsvItem(j)
-      t = t & "V " & i & "." & j & " " & v.GetDsvName() & "|" & v.GetDsvType() & "|" & v.GetDsvShape() & "|" & _
-          v.GetDsvRows() & "|" & v.GetDsvCols() & "|" & v.GetDsvScope() & "|" & CStr(CDbl(v.GetDsvValue())) & "|" & _
-          v.GetDsvUseCount() & "|" & v.GetDsvParent().GetDsName()
-      If ds.GetDsType() = 105 Then t = t & "|A=" & v.GetDsvAccess() & "|" & ParamsText(v.GetParams())
-      t = t & vbLf
-    Next
-  Next
-  DescribeOwnDisplay = t
 End Function

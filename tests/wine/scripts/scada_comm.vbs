@@ -1,0 +1,76 @@
+' A script host's own SCADA system: a VBScript class as the communication
+' object, answering with arrays as VBScript makes them and raising as a
+' script raises. The robot (tests/wine/robot/scada_comm.robot) loads the
+' application list, validates items and applies a mapping and an application.
+
+' Requests and validation of a small system with two applications; every call
+' is noted in Calls, a failing one too.
+Class TestScada
+  Public Calls
+  Private Sub Class_Initialize
+    Calls = ""
+  End Sub
+  Private Sub Note(name)
+    If Calls = "" Then Calls = name Else Calls = Calls & "," & name
+  End Sub
+  Public Sub GetApplications(names, numbers)
+    Note "GetApplications"
+    names = Array("RAW", "CLEAR")
+    numbers = Array(1, 2)
+  End Sub
+  Public Sub ExecuteKorl(request, result)
+    Note "ExecuteKorl"
+    If request = "@path1=path(""APL_"")" & vbLf & "@path1 =%path1(1)" & vbLf & _
+        "#return substr(%path1,1,length(%path1)-4)" Then
+      result = "C:\apl\"
+    Else
+      Err.Raise vbObjectError + 1002, "TestScada", "request not understood"
+    End If
+  End Sub
+  Public Sub ExecuteKorlInApp(applicationNr, request, result)
+    Note "ExecuteKorlInApp"
+    Err.Raise vbObjectError + 1002, "TestScada", "request not understood"
+  End Sub
+  Public Sub ScriptFileChanged(path)
+    Note "ScriptFileChanged"
+  End Sub
+  Public Sub ValidateItem(itemId, value)
+    Note "ValidateItem"
+    Select Case itemId
+      Case "\\APL\1\P\P101\10:OV"
+        value = 1
+      Case "\\APL\1\P\LT1\2:OV"
+        value = Array(1.5, 2.5)
+      Case Else
+        Err.Raise vbObjectError + 1003, "TestScada", "unknown item " & itemId
+    End Select
+  End Sub
+End Class
+
+Dim ui, d, station, run, trend, spare, comm
+Set ui = CreateObject("VarDeskGUI.VarDeskUI")
+Set d = New TestDisplay
+Set d.List = New TestDsList
+Set station = NewDs(d.List, "Station", 105)
+Set station.Params = NewParams(Array("Telvane DV DataSource", 1, 500))
+Set run = NewDsv(station, "Run", 5, 0)
+Set run.Params = NewParams(Array("", "\\APL\1\P\P101\10:OV", 0, "", ""))
+Set trend = NewDsv(station, "Trend", 8, 0)
+Set trend.Params = NewParams(Array("", "\\APL\1\P\LT1\2:OV", 2, "", ""))
+Set spare = NewDsv(station, "Spare", 8, 0)
+Set spare.Params = NewParams(Array("", "\\SYS\1:OV", 0))
+Set comm = New TestScada
+Set ui.Communication = comm
+
+ui.EditDataSources d
+Check "IsModified after the SCADA edits", ui.IsModified()
+CheckEqual "the application chosen from the list", station.GetParams().ParamItem(2).GetParamValue(), 2
+CheckEqual "Run's item id in the new application", run.GetParams().ParamItem(2).GetParamValue(), _
+  "\\APL\2\P\P102\10:OV"
+CheckEqual "Run's mapping code: swap 1 and 2, state indication", run.GetParams().ParamItem(3).GetParamValue(), 32
+CheckEqual "Trend's item id in the new application", trend.GetParams().ParamItem(2).GetParamValue(), _
+  "\\APL\2\P\LT1\2:OV"
+CheckEqual "Spare belongs to no application", spare.GetParams().ParamItem(2).GetParamValue(), "\\SYS\1:OV"
+CheckEqual "what the SCADA system was asked", comm.Calls, "ValidateItem,ValidateItem,ValidateItem,GetApplications"
+
+Finish "scada_comm"
