@@ -57,6 +57,13 @@ wine_session_start() {
   if [[ ! -d $WINEPREFIX/drive_c/windows/system32 ]]; then
     _wine_session_quiet "$WINE" wineboot -i  # its status says nothing; the folder does
   fi
+  # Wine's own fonts (Debian's fonts-wine: Tahoma, and Marlett for the glyphs of
+  # the caption buttons): this Wine looks for them beside its data folder, not
+  # where Debian puts them, so the prefix gets them in its Fonts folder.
+  local font
+  for font in /usr/share/wine/fonts/*.ttf; do
+    [[ -e $font ]] && _wine_session_quiet cp -n "$font" "$WINEPREFIX/drive_c/windows/Fonts/"
+  done
   _wine_session_quiet wineserver -p  # one server for the session
   # Without a window manager on the virtual screen Wine draws frames and captions itself.
   local managed=N reg=$WINEPREFIX/session.reg

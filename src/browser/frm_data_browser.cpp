@@ -1,6 +1,8 @@
 // Creation of the dialog: its designed look and the wiring of its handlers.
 #include "browser/frm_data_browser.h"
 
+#include "browser/frm_find_dialog.h"
+
 #include "platform/dv_reg.h"
 #include "platform/services.h"
 
@@ -37,6 +39,11 @@ void frmDataBrowser::WireEvents() {
     treDataSources_MouseMove(button, shift, x, y);
   };
   treDataSources.onKeyPress = [this](int16_t& keyAscii) { treDataSources_KeyPress(keyAscii); };
+  WireTreeCommands();
+  cmdFind.onClick = [this] { cmdFind_Click(); };
+  // The find keys reach the form whichever control has the focus.
+  SetKeyPreview(true);
+  onKeyDown = [this](int16_t& keyCode, int16_t shift) { Form_KeyDown(keyCode, shift); };
 
   WireDsPanelEvents();
   WireDsvPanelEvents();

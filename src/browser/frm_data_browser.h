@@ -9,6 +9,7 @@
 // editing/, the SCADA frames in scada/.
 #include <cstdint>
 #include <functional>
+#include <memory>
 #include <optional>
 
 #include "vd/automation/collection.h"
@@ -23,6 +24,8 @@ struct Services;
 }
 
 namespace vd::browser {
+
+class frmFindDialog;
 
 using automation::String;
 using automation::Variant;
@@ -209,6 +212,39 @@ class frmDataBrowser : public forms::Form {
   void treDataSources_KeyPress(int16_t& keyAscii);
   void UpdateButtonToolTips();
 
+  // --- Tree commands (browser/tree_commands.cpp) ---
+  void WireTreeCommands();
+  void cmdAddDs_Click();
+  void cmdAddDsv_Click();
+  void cmdDelete_Click();
+  void cmdMoveUp_Click();
+  void cmdMoveDown_Click();
+  void cmdSort_Click();
+  void chkSort_Click();
+  void chkExpandAll_Click();
+  void RefreshSelectedDsNode();
+  bool MoveSelectedDsUp();
+  bool MoveSelectedDsDown();
+  bool MoveSelectedDsvUp();
+  bool MoveSelectedDsvDown();
+  bool DeleteSelectedDs();
+  bool DeleteSelectedDsv();
+  bool IsDsInUse(const toolkit::DsRef& ds);
+  bool IsDsvInUse(const toolkit::DsvRef& dsv);
+  void SortDsVariables();
+  // Item n of DsSortFlags := value (a collection item cannot be overwritten).
+  void SetDsSortFlag(int32_t n, bool value);
+  // Exchanges the flags of two neighbouring data sources after a move.
+  void ExchangeDsSortFlags(int32_t oldIndex, int32_t newIndex);
+
+  // --- Find (browser/find.cpp) ---
+  // The find dialog, created and loaded on first use.
+  frmFindDialog& FindDialog();
+  void Form_KeyDown(int16_t& keyCode, int16_t shift);
+  void cmdFind_Click();
+  void FindNode(const String& text, bool matchCase, bool wholeWord, bool down);
+  static bool NodeMatches(const forms::NodeRef& node, const String& text, bool matchCase, bool wholeWord);
+
   // --- Kinds of data sources that can be added (editing/ds_kinds.cpp) ---
   void LoadDsKinds();
   void AddDsKind(const String& name, const String& className);
@@ -329,6 +365,8 @@ class frmDataBrowser : public forms::Form {
   bool PanelFilling = false;
   // A node to select again at the next mouse move over the tree; nothing fills it.
   forms::NodeRef nodeToReselect;
+  // The find dialog: one instance, hidden between searches.
+  std::unique_ptr<frmFindDialog> findDialog;
 
   // Display name of each custom data source kind -> its toolkit class; created on first use.
   std::optional<automation::Collection<String>> CustomDsClasses;

@@ -19,18 +19,19 @@ void frmDataBrowser::DesignControls() {
 
   fraDsl.Move(120, 60, 4335, 6375);
   treDataSources.Move(120, 240, 4095, 4755);
-  cboDsAdd.Move(120, 5100, 1815, 315);
-  cmdAddDs.Move(2040, 5085, 1035, 345);
+  // The buttons below the tree share its width by the length of their captions.
+  cboDsAdd.Move(120, 5100, 1695, 315);
+  cmdAddDs.Move(1875, 5085, 960, 345);
   cmdAddDs.SetToolTipText(u"Add new datasource");
-  cmdAddDsv.Move(3180, 5085, 1035, 345);
+  cmdAddDsv.Move(2895, 5085, 1320, 345);
   cmdAddDsv.SetToolTipText(u"Add new data variable");
-  cmdDelete.Move(120, 5520, 975, 345);
+  cmdDelete.Move(120, 5520, 870, 345);
   cmdDelete.SetToolTipText(u"Delete data variable");
-  cmdMoveUp.Move(1140, 5520, 975, 345);
+  cmdMoveUp.Move(1065, 5520, 960, 345);
   cmdMoveUp.SetToolTipText(u"Move up");
-  cmdMoveDown.Move(2160, 5520, 975, 345);
+  cmdMoveDown.Move(2100, 5520, 1170, 345);
   cmdMoveDown.SetToolTipText(u"Move down");
-  cmdSort.Move(3180, 5520, 1035, 345);
+  cmdSort.Move(3345, 5520, 870, 345);
   cmdSort.SetToolTipText(u"Sort the variables of the data source by name");
   chkSort.Move(120, 5955, 1215, 315);
   chkSort.SetToolTipText(u"Sorts the dialog view only, NOT the Data Source");

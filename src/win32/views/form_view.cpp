@@ -20,6 +20,9 @@ namespace {
 constexpr int kDroppedListHeight = 160;
 // Room around the controls when the form has no designed size.
 constexpr int kFitMargin = 8;
+// Room a push button keeps between its caption and each of its sides: the
+// frame, the focus rectangle and a little air.
+constexpr int kButtonTextMargin = 6;
 
 // The record of a subclassed control window, in the window's user data: read
 // on every message the window gets, so it must not cost a trip to the
@@ -175,7 +178,30 @@ RECT FormView::DesignedRect(const Control& control) const {
       static_cast<const vd::forms::ComboBox&>(control).Style() != vd::forms::ComboStyle::kSimpleCombo)
     height += kDroppedListHeight;
   place.bottom = place.top + height;
+  if (control.Kind() == ControlKind::kCommandButton) {
+    // A caption wider than the designed button widens it about its centre.
+    const int needed =
+        CaptionWidth(static_cast<const vd::forms::CommandButton&>(control).Caption()) + 2 * kButtonTextMargin;
+    const int grow = needed - (place.right - place.left);
+    if (grow > 0) {
+      place.left -= grow / 2;
+      place.right += grow - grow / 2;
+    }
+  }
   return place;
+}
+
+int FormView::CaptionWidth(const vd::automation::String& caption) const {
+  if (window_ == nullptr || caption.empty()) return 0;
+  const HDC dc = GetDC(window_);
+  if (dc == nullptr) return 0;
+  const HGDIOBJ old = font_ != nullptr ? SelectObject(dc, font_) : nullptr;
+  RECT extent{0, 0, 0, 0};
+  // As the button draws it: one line, "&" marks the access key and takes no room.
+  DrawTextW(dc, Wide(caption), -1, &extent, DT_CALCRECT | DT_SINGLELINE);
+  if (old != nullptr) SelectObject(dc, old);
+  ReleaseDC(window_, dc);
+  return extent.right - extent.left;
 }
 
 SIZE FormView::DesignedFormSize() const {

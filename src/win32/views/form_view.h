@@ -69,6 +69,8 @@ class FormView final : public vd::forms::PropertyObserver, private MirrorHost {
   void CreateControlWindows();
   void Subclass(ControlWindow& record, HWND window, WNDPROC& original);
   [[nodiscard]] RECT DesignedRect(const vd::forms::Control& control) const;
+  // The width of a caption in the dialog's font, in pixels.
+  [[nodiscard]] int CaptionWidth(const vd::automation::String& caption) const;
   [[nodiscard]] SIZE DesignedFormSize() const;
   [[nodiscard]] ControlWindow* Find(const vd::forms::Control* control) const;
   [[nodiscard]] ControlWindow* FindById(int id) const;

@@ -114,6 +114,8 @@ void FormView::ApplyControl(ControlWindow& record, const vd::forms::Change& chan
   switch (change.property) {
     case Property::kCaption:
       SetTextIfOther(record.window, CaptionOf(*record.control));
+      // A button is as wide as its caption needs.
+      if (record.control->Kind() == ControlKind::kCommandButton) ApplyPlacement(record);
       break;
     case Property::kVisible:
       ApplyShown(record);

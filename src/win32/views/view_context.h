@@ -22,6 +22,8 @@ struct ViewContext {
   int16_t screenPointer = 0;
   // By form name.
   std::map<vd::automation::String, DialogKeys> dialogKeys;
+  // How many dialogs the host has shown so far.
+  uint32_t modalRuns = 0;
 };
 
 }  // namespace vd::win32::views

@@ -81,6 +81,7 @@ HWND Win32ModalHost::OwnerFor(const vd::forms::Form& form) const {
 }
 
 void Win32ModalHost::RunModal(vd::forms::Form& form) {
+  ++context_.modalRuns;
   const ScopedActivation activation;
   const HWND owner = OwnerFor(form);
   FormView view(form, context_, owner);
