@@ -194,6 +194,8 @@ class frmDataBrowser : public forms::Form {
   void BuildDsNodes();
   void RebuildAllDsvNodes();
   void RebuildDsvNodes(int16_t dsIndex, std::optional<int16_t> selectIndex = std::nullopt);
+  void AddDsvNodes(const forms::NodeRef& dsNode, int16_t dsIndex, const toolkit::DsvListRef& vars, int16_t count,
+                   std::optional<int16_t> selectIndex);
   int16_t GetCurrentDsIndex();
 
   // --- Selection filter and preselection (browser/selection_filter.cpp) ---
