@@ -148,6 +148,9 @@ void FormView::OnCommand(int id, int code, HWND /*control*/) {
         case CBN_SELCHANGE: {
           // A changed entry: the arrow keys on the closed list, or the pick or
           // the arrow keys in the open list (its DropDown came with CBN_DROPDOWN).
+          // A Click that set the combo's text (a command entry does) is shown
+          // again once the combo has written its own entry into its edit field.
+          PostMessageW(window_, kReapplyComboMessage, static_cast<WPARAM>(id), 0);
           const auto index = static_cast<int32_t>(SendMessageW(record->window, CB_GETCURSEL, 0, 0));
           if (index == combo.ListIndex()) break;
           if (record->droppedDown) record->pickClicked = true;
@@ -155,18 +158,16 @@ void FormView::OnCommand(int id, int code, HWND /*control*/) {
             if (index < 0 || index >= combo.ListCount() || !combo.UserFocus()) return;
             if (combo.IsShown() && combo.IsUsable()) combo.SetListIndex(index);
           });
-          // A Click that set the combo's text (a command entry does) is shown
-          // again once the combo has written its own entry into its edit field.
-          PostMessageW(window_, kReapplyComboMessage, static_cast<WPARAM>(id), 0);
           break;
         }
         case CBN_SELENDOK: {
+          PostMessageW(window_, kReapplyComboMessage, static_cast<WPARAM>(id), 0);
           // The end of a pick, which the list sends also when the entry picked
           // is the one shown: that pick clicks too, unless a change of entry in
-          // this open list clicked already.
+          // this open list clicked already (whose Click may have moved the
+          // selection itself, as a command entry does).
+          if (std::exchange(record->pickClicked, false)) break;
           const auto index = static_cast<int32_t>(SendMessageW(record->window, CB_GETCURSEL, 0, 0));
-          const bool clicked = std::exchange(record->pickClicked, false);
-          if (clicked && index == combo.ListIndex()) break;
           UserAction([&] { combo.UserChoose(index); });
           break;
         }

@@ -4,11 +4,14 @@
 ' application list, validates items and applies a mapping and an application.
 
 ' Requests and validation of a small system with two applications; every call
-' is noted in Calls, a failing one too.
+' is noted in Calls, a failing one too, but for the application path requests
+' that list the script files, which are only counted.
 Class TestScada
   Public Calls
+  Public PathRequests
   Private Sub Class_Initialize
     Calls = ""
+    PathRequests = 0
   End Sub
   Private Sub Note(name)
     If Calls = "" Then Calls = name Else Calls = Calls & "," & name
@@ -19,11 +22,12 @@ Class TestScada
     numbers = Array(1, 2)
   End Sub
   Public Sub ExecuteKorl(request, result)
-    Note "ExecuteKorl"
     If request = "@path1=path(""APL_"")" & vbLf & "@path1 =%path1(1)" & vbLf & _
         "#return substr(%path1,1,length(%path1)-4)" Then
+      PathRequests = PathRequests + 1
       result = "C:\apl\"
     Else
+      Note "ExecuteKorl"
       Err.Raise vbObjectError + 1002, "TestScada", "request not understood"
     End If
   End Sub
@@ -72,5 +76,6 @@ CheckEqual "Trend's item id in the new application", trend.GetParams().ParamItem
   "\\APL\2\P\LT1\2:OV"
 CheckEqual "Spare belongs to no application", spare.GetParams().ParamItem(2).GetParamValue(), "\\SYS\1:OV"
 CheckEqual "what the SCADA system was asked", comm.Calls, "ValidateItem,ValidateItem,ValidateItem,GetApplications"
+Check "the script file list asked for the application path", comm.PathRequests > 0
 
 Finish "scada_comm"
