@@ -13,12 +13,10 @@ std::unique_ptr<UiCore> MakeDefaultUiCore() { return std::make_unique<SystemUiCo
 HRESULT VarDeskUIObject::Create(REFIID iid, void** out) {
   if (!out) return E_POINTER;
   *out = nullptr;
-  try {
+  return ComBoundary(L"VarDeskGUI.VarDeskUI", IID__VarDeskUI, [&] {
     ComPtr<_VarDeskUI> object = CreateWithCore(MakeDefaultUiCore());
     return object->QueryInterface(iid, out);
-  } catch (...) {
-    return ReportError(ErrorFromCurrentException(), L"VarDeskGUI.VarDeskUI", IID__VarDeskUI);
-  }
+  });
 }
 
 }  // namespace vd::win32

@@ -4,7 +4,7 @@
 
 namespace vd::win32 {
 
-HRESULT ClassFactory::QueryInterface(REFIID iid, void** out) {
+HRESULT ClassFactory::QueryInterface(REFIID iid, void** out) noexcept {
   if (!out) return E_POINTER;
   if (IsEqualIID(iid, IID_IUnknown) || IsEqualIID(iid, IID_IClassFactory)) {
     *out = static_cast<IClassFactory*>(this);
@@ -15,20 +15,20 @@ HRESULT ClassFactory::QueryInterface(REFIID iid, void** out) {
   return E_NOINTERFACE;
 }
 
-ULONG ClassFactory::Release() {
+ULONG ClassFactory::Release() noexcept {
   ULONG left = refs_.Down();
   if (left == 0) delete this;
   return left;
 }
 
-HRESULT ClassFactory::CreateInstance(IUnknown* outer, REFIID iid, void** out) {
+HRESULT ClassFactory::CreateInstance(IUnknown* outer, REFIID iid, void** out) noexcept {
   if (!out) return E_POINTER;
   *out = nullptr;
   if (outer) return CLASS_E_NOAGGREGATION;
   return create_(iid, out);
 }
 
-HRESULT ClassFactory::LockServer(BOOL lock) {
+HRESULT ClassFactory::LockServer(BOOL lock) noexcept {
   if (lock) {
     LockModule();
   } else {

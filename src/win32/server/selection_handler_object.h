@@ -17,15 +17,15 @@ class SelectionHandlerObject final : public DualDispatch<_SelectionHandler>,
  public:
   static HRESULT Create(REFIID iid, void** out);
 
-  HRESULT STDMETHODCALLTYPE QueryInterface(REFIID iid, void** out) override;
-  ULONG STDMETHODCALLTYPE AddRef() override { return refs_.Up(); }
-  ULONG STDMETHODCALLTYPE Release() override;
+  HRESULT STDMETHODCALLTYPE QueryInterface(REFIID iid, void** out) noexcept override;
+  ULONG STDMETHODCALLTYPE AddRef() noexcept override { return refs_.Up(); }
+  ULONG STDMETHODCALLTYPE Release() noexcept override;
 
-  HRESULT STDMETHODCALLTYPE SetSelectedVariable(IDispatch* var, VARIANT* result) override;
-  HRESULT STDMETHODCALLTYPE GetSelectedVariable(IDispatch** selected) override;
+  HRESULT STDMETHODCALLTYPE SetSelectedVariable(IDispatch* var, VARIANT* result) noexcept override;
+  HRESULT STDMETHODCALLTYPE GetSelectedVariable(IDispatch** selected) noexcept override;
 
-  HRESULT STDMETHODCALLTYPE GetClassInfo(ITypeInfo** info) override;
-  HRESULT STDMETHODCALLTYPE InterfaceSupportsErrorInfo(REFIID iid) override;
+  HRESULT STDMETHODCALLTYPE GetClassInfo(ITypeInfo** info) noexcept override;
+  HRESULT STDMETHODCALLTYPE InterfaceSupportsErrorInfo(REFIID iid) noexcept override;
 
  private:
   SelectionHandlerObject() = default;

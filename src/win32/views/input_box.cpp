@@ -1,5 +1,6 @@
 #include "views/input_box.h"
 
+#include "com/boundary.h"
 #include "views/activation_context.h"
 #include "views/dialog_template.h"
 #include "views/wide_text.h"
@@ -54,28 +55,31 @@ void Build(HWND dialog, const InputBoxState& state) {
   SetFocus(text);
 }
 
-INT_PTR CALLBACK InputBoxProc(HWND dialog, UINT message, WPARAM wParam, LPARAM lParam) {
-  try {
-    if (message == WM_INITDIALOG) {
-      SetWindowLongPtrW(dialog, DWLP_USER, lParam);
-      Build(dialog, *reinterpret_cast<const InputBoxState*>(lParam));
-      return FALSE;  // the focus is in the text box
-    }
-    auto* state = reinterpret_cast<InputBoxState*>(GetWindowLongPtrW(dialog, DWLP_USER));
-    if (message != WM_COMMAND || state == nullptr) return FALSE;
-    if (LOWORD(wParam) == IDOK) {
-      state->answer = WindowText(GetDlgItem(dialog, kInputBoxTextId));
-      EndDialog(dialog, IDOK);
-      return TRUE;
-    }
-    if (LOWORD(wParam) == IDCANCEL) {
-      EndDialog(dialog, IDCANCEL);
-      return TRUE;
-    }
-  } catch (...) {
-    EndDialog(dialog, IDCANCEL);
-  }
-  return FALSE;
+INT_PTR CALLBACK InputBoxProc(HWND dialog, UINT message, WPARAM wParam, LPARAM lParam) noexcept {
+  return Contain(
+      [&]() -> INT_PTR {
+        if (message == WM_INITDIALOG) {
+          SetWindowLongPtrW(dialog, DWLP_USER, lParam);
+          Build(dialog, *reinterpret_cast<const InputBoxState*>(lParam));
+          return FALSE;  // the focus is in the text box
+        }
+        auto* state = reinterpret_cast<InputBoxState*>(GetWindowLongPtrW(dialog, DWLP_USER));
+        if (message != WM_COMMAND || state == nullptr) return FALSE;
+        if (LOWORD(wParam) == IDOK) {
+          state->answer = WindowText(GetDlgItem(dialog, kInputBoxTextId));
+          EndDialog(dialog, IDOK);
+          return TRUE;
+        }
+        if (LOWORD(wParam) == IDCANCEL) {
+          EndDialog(dialog, IDCANCEL);
+          return TRUE;
+        }
+        return FALSE;
+      },
+      [&]() noexcept -> INT_PTR {
+        EndDialog(dialog, IDCANCEL);
+        return FALSE;
+      });
 }
 
 }  // namespace
