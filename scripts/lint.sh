@@ -40,7 +40,7 @@ units() {
   grep -o '"file": *"[^"]*"' "$1" | sed 's/^"file": *"//; s/"$//' | sort -u |
     while read -r file; do
       relative=${file#"$root"/}
-      [[ $relative == "$2"/* ]] || continue
+      [[ $relative == "$2"/* && $relative == *.cpp ]] || continue
       for p in "${paths[@]}"; do
         p=${p%/}
         if [[ $relative == "$p" || $relative == "$p"/* ]]; then

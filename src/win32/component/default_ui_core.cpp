@@ -10,7 +10,7 @@ namespace vd::win32 {
 
 std::unique_ptr<UiCore> MakeDefaultUiCore() { return std::make_unique<SystemUiCore>(TheWindowsPlatform().Services()); }
 
-HRESULT VarDeskUIObject::Create(REFIID iid, void** out) {
+HRESULT VarDeskUIObject::Create(REFIID iid, void** out) noexcept {
   if (!out) return E_POINTER;
   *out = nullptr;
   return ComBoundary(L"VarDeskGUI.VarDeskUI", IID__VarDeskUI, [&] {

@@ -37,7 +37,7 @@ HRESULT ClassFactory::LockServer(BOOL lock) noexcept {
   return S_OK;
 }
 
-HRESULT GetClassFactory(CreateInstanceFunction create, REFIID iid, void** out) {
+HRESULT GetClassFactory(CreateInstanceFunction create, REFIID iid, void** out) noexcept {
   if (!out) return E_POINTER;
   *out = nullptr;
   auto* factory = new (std::nothrow) ClassFactory(create);
@@ -45,6 +45,20 @@ HRESULT GetClassFactory(CreateInstanceFunction create, REFIID iid, void** out) {
   HRESULT hr = factory->QueryInterface(iid, out);
   factory->Release();
   return hr;
+}
+
+const ClassEntry* FindClass(std::span<const ClassEntry> classes, REFCLSID clsid) noexcept {
+  for (const ClassEntry& entry : classes)
+    if (IsEqualCLSID(*entry.clsid, clsid)) return &entry;
+  return nullptr;
+}
+
+HRESULT GetClassObject(std::span<const ClassEntry> classes, REFCLSID clsid, REFIID iid, void** out) noexcept {
+  if (!out) return E_POINTER;
+  *out = nullptr;
+  const ClassEntry* entry = FindClass(classes, clsid);
+  if (!entry || !entry->create) return CLASS_E_CLASSNOTAVAILABLE;
+  return GetClassFactory(entry->create, iid, out);
 }
 
 }  // namespace vd::win32

@@ -4,11 +4,12 @@
 
 #include <unknwn.h>
 
+#include <span>
+
+#include "server/class_table.h"
 #include "server/ref_count.h"
 
 namespace vd::win32 {
-
-using CreateInstanceFunction = HRESULT (*)(REFIID iid, void** out);
 
 class ClassFactory final : public IClassFactory {
  public:
@@ -27,6 +28,9 @@ class ClassFactory final : public IClassFactory {
 };
 
 // A factory for the class, or nullptr.
-HRESULT GetClassFactory(CreateInstanceFunction create, REFIID iid, void** out);
+HRESULT GetClassFactory(CreateInstanceFunction create, REFIID iid, void** out) noexcept;
+// The factory of the table's row for clsid; CLASS_E_CLASSNOTAVAILABLE when no
+// row has it.
+HRESULT GetClassObject(std::span<const ClassEntry> classes, REFCLSID clsid, REFIID iid, void** out) noexcept;
 
 }  // namespace vd::win32

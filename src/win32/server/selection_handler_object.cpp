@@ -6,7 +6,7 @@
 
 namespace vd::win32 {
 
-HRESULT SelectionHandlerObject::Create(REFIID iid, void** out) {
+HRESULT SelectionHandlerObject::Create(REFIID iid, void** out) noexcept {
   if (!out) return E_POINTER;
   *out = nullptr;
   auto* created = new (std::nothrow) SelectionHandlerObject();

@@ -15,7 +15,7 @@ class SelectionHandlerObject final : public DualDispatch<_SelectionHandler>,
                                      public IProvideClassInfo,
                                      public ISupportErrorInfo {
  public:
-  static HRESULT Create(REFIID iid, void** out);
+  static HRESULT Create(REFIID iid, void** out) noexcept;
 
   HRESULT STDMETHODCALLTYPE QueryInterface(REFIID iid, void** out) noexcept override;
   ULONG STDMETHODCALLTYPE AddRef() noexcept override { return refs_.Up(); }

@@ -26,7 +26,7 @@ class VarDeskUIObject final : public DualDispatch<_VarDeskUI>,
  public:
   // The class factory's creation: an object over the default core (defined
   // with MakeDefaultUiCore, in the component's own library).
-  static HRESULT Create(REFIID iid, void** out);
+  static HRESULT Create(REFIID iid, void** out) noexcept;
   // An object over the given core (a host program may bring its own).
   static ComPtr<_VarDeskUI> CreateWithCore(std::unique_ptr<UiCore> core);
 
