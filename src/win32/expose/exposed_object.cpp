@@ -6,6 +6,7 @@
 #include "com/bstr.h"
 #include "convert/error_convert.h"
 #include "convert/variant_convert.h"
+#include "server/com_object.h"
 
 namespace vd::win32 {
 namespace {
@@ -30,14 +31,7 @@ ExposedObject::ExposedObject(automation::ObjectRef target) : target_(std::move(t
 ExposedObject::~ExposedObject() = default;
 
 HRESULT ExposedObject::QueryInterface(REFIID iid, void** out) noexcept {
-  if (!out) return E_POINTER;
-  if (IsEqualIID(iid, IID_IUnknown) || IsEqualIID(iid, IID_IDispatch)) {
-    *out = static_cast<IDispatch*>(this);
-    AddRef();
-    return S_OK;
-  }
-  *out = nullptr;
-  return E_NOINTERFACE;
+  return QueryFromTable<IDispatch>(this, iid, out);
 }
 
 ULONG ExposedObject::AddRef() noexcept { return ++refs_; }

@@ -1,25 +1,6 @@
 #include "server/class_factory.h"
 
-#include <new>
-
 namespace vd::win32 {
-
-HRESULT ClassFactory::QueryInterface(REFIID iid, void** out) noexcept {
-  if (!out) return E_POINTER;
-  if (IsEqualIID(iid, IID_IUnknown) || IsEqualIID(iid, IID_IClassFactory)) {
-    *out = static_cast<IClassFactory*>(this);
-    AddRef();
-    return S_OK;
-  }
-  *out = nullptr;
-  return E_NOINTERFACE;
-}
-
-ULONG ClassFactory::Release() noexcept {
-  ULONG left = refs_.Down();
-  if (left == 0) delete this;
-  return left;
-}
 
 HRESULT ClassFactory::CreateInstance(IUnknown* outer, REFIID iid, void** out) noexcept {
   if (!out) return E_POINTER;
@@ -38,13 +19,7 @@ HRESULT ClassFactory::LockServer(BOOL lock) noexcept {
 }
 
 HRESULT GetClassFactory(CreateInstanceFunction create, REFIID iid, void** out) noexcept {
-  if (!out) return E_POINTER;
-  *out = nullptr;
-  auto* factory = new (std::nothrow) ClassFactory(create);
-  if (!factory) return E_OUTOFMEMORY;
-  HRESULT hr = factory->QueryInterface(iid, out);
-  factory->Release();
-  return hr;
+  return ClassFactory::Make(iid, out, create);
 }
 
 const ClassEntry* FindClass(std::span<const ClassEntry> classes, REFCLSID clsid) noexcept {

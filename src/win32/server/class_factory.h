@@ -7,24 +7,21 @@
 #include <span>
 
 #include "server/class_table.h"
-#include "server/ref_count.h"
+#include "server/com_object.h"
 
 namespace vd::win32 {
 
-class ClassFactory final : public IClassFactory {
- public:
-  explicit ClassFactory(CreateInstanceFunction create) : create_(create) {}
+class ClassFactory final : public ComObject<ClassFactory, IClassFactory> {
+  friend ComObject;
 
-  HRESULT STDMETHODCALLTYPE QueryInterface(REFIID iid, void** out) noexcept override;
-  ULONG STDMETHODCALLTYPE AddRef() noexcept override { return refs_.Up(); }
-  ULONG STDMETHODCALLTYPE Release() noexcept override;
+ public:
   HRESULT STDMETHODCALLTYPE CreateInstance(IUnknown* outer, REFIID iid, void** out) noexcept override;
   HRESULT STDMETHODCALLTYPE LockServer(BOOL lock) noexcept override;
 
  private:
+  explicit ClassFactory(CreateInstanceFunction create) : create_(create) {}
   ~ClassFactory() = default;
   CreateInstanceFunction create_;
-  RefCount refs_;
 };
 
 // A factory for the class, or nullptr.

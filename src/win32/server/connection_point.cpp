@@ -5,32 +5,18 @@
 #include <olectl.h>
 
 #include "convert/error_convert.h"
-#include "server/ref_count.h"
+#include "server/com_object.h"
 
 namespace vd::win32 {
 namespace {
 
-class ConnectionPointEnum final : public IEnumConnectionPoints {
+class ConnectionPointEnum final : public ComObject<ConnectionPointEnum, IEnumConnectionPoints> {
+  friend ComObject;
+
  public:
   ConnectionPointEnum(IConnectionPointContainer* owner, IConnectionPoint* point, ULONG position)
       : owner_(owner), point_(point), position_(position) {}
 
-  HRESULT STDMETHODCALLTYPE QueryInterface(REFIID iid, void** out) noexcept override {
-    if (!out) return E_POINTER;
-    if (IsEqualIID(iid, IID_IUnknown) || IsEqualIID(iid, IID_IEnumConnectionPoints)) {
-      *out = static_cast<IEnumConnectionPoints*>(this);
-      AddRef();
-      return S_OK;
-    }
-    *out = nullptr;
-    return E_NOINTERFACE;
-  }
-  ULONG STDMETHODCALLTYPE AddRef() noexcept override { return refs_.Up(); }
-  ULONG STDMETHODCALLTYPE Release() noexcept override {
-    ULONG left = refs_.Down();
-    if (left == 0) delete this;
-    return left;
-  }
   HRESULT STDMETHODCALLTYPE Next(ULONG wanted, IConnectionPoint** points, ULONG* fetched) noexcept override {
     if (!points || (wanted > 1 && !fetched)) return E_POINTER;
     ULONG given = 0;
@@ -53,9 +39,7 @@ class ConnectionPointEnum final : public IEnumConnectionPoints {
     return S_OK;
   }
   HRESULT STDMETHODCALLTYPE Clone(IEnumConnectionPoints** out) noexcept override {
-    if (!out) return E_POINTER;
-    *out = new (std::nothrow) ConnectionPointEnum(owner_.Get(), point_.Get(), position_);
-    return *out ? S_OK : E_OUTOFMEMORY;
+    return Make(IID_IEnumConnectionPoints, reinterpret_cast<void**>(out), owner_.Get(), point_.Get(), position_);
   }
 
  private:
@@ -63,20 +47,12 @@ class ConnectionPointEnum final : public IEnumConnectionPoints {
   ComPtr<IConnectionPointContainer> owner_{};
   ComPtr<IConnectionPoint> point_{};
   ULONG position_;
-  RefCount refs_;
 };
 
 }  // namespace
 
 HRESULT ConnectionPoint::QueryInterface(REFIID iid, void** out) noexcept {
-  if (!out) return E_POINTER;
-  if (IsEqualIID(iid, IID_IUnknown) || IsEqualIID(iid, IID_IConnectionPoint)) {
-    *out = static_cast<IConnectionPoint*>(this);
-    AddRef();
-    return S_OK;
-  }
-  *out = nullptr;
-  return E_NOINTERFACE;
+  return QueryFromTable<IConnectionPoint>(this, iid, out);
 }
 
 HRESULT ConnectionPoint::GetConnectionInterface(IID* iid) noexcept {
@@ -139,9 +115,7 @@ void ConnectionPoint::Fire(DISPID id, VARIANT* argsLastFirst, UINT count) {
 
 HRESULT EnumerateConnectionPoints(IConnectionPointContainer* owner, IConnectionPoint* point,
                                   IEnumConnectionPoints** out) {
-  if (!out) return E_POINTER;
-  *out = new (std::nothrow) ConnectionPointEnum(owner, point, 0);
-  return *out ? S_OK : E_OUTOFMEMORY;
+  return ConnectionPointEnum::Make(IID_IEnumConnectionPoints, reinterpret_cast<void**>(out), owner, point, 0UL);
 }
 
 }  // namespace vd::win32

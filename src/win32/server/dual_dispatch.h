@@ -19,6 +19,8 @@ HRESULT ExceptionFromErrorInfo(HRESULT hr, EXCEPINFO* exception);
 template <class I>
 class DualDispatch : public I {
  public:
+  using Interface = I;
+
   HRESULT STDMETHODCALLTYPE GetTypeInfoCount(UINT* count) noexcept override {
     if (!count) return E_POINTER;
     *count = 1;

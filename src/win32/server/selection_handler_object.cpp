@@ -1,42 +1,10 @@
 #include "server/selection_handler_object.h"
 
-#include <new>
-
 #include "com/unique_variant.h"
 
 namespace vd::win32 {
 
-HRESULT SelectionHandlerObject::Create(REFIID iid, void** out) noexcept {
-  if (!out) return E_POINTER;
-  *out = nullptr;
-  auto* created = new (std::nothrow) SelectionHandlerObject();
-  if (!created) return E_OUTOFMEMORY;
-  HRESULT hr = created->QueryInterface(iid, out);
-  created->Release();
-  return hr;
-}
-
-HRESULT SelectionHandlerObject::QueryInterface(REFIID iid, void** out) noexcept {
-  if (!out) return E_POINTER;
-  if (IsEqualIID(iid, IID_IUnknown) || IsEqualIID(iid, IID_IDispatch) || IsEqualIID(iid, IID__SelectionHandler)) {
-    *out = static_cast<_SelectionHandler*>(this);
-  } else if (IsEqualIID(iid, IID_IProvideClassInfo)) {
-    *out = static_cast<IProvideClassInfo*>(this);
-  } else if (IsEqualIID(iid, IID_ISupportErrorInfo)) {
-    *out = static_cast<ISupportErrorInfo*>(this);
-  } else {
-    *out = nullptr;
-    return E_NOINTERFACE;
-  }
-  AddRef();
-  return S_OK;
-}
-
-ULONG SelectionHandlerObject::Release() noexcept {
-  ULONG left = refs_.Down();
-  if (left == 0) delete this;
-  return left;
-}
+HRESULT SelectionHandlerObject::Create(REFIID iid, void** out) noexcept { return Make(iid, out); }
 
 // The argument is copied into a local and released again; the result is
 // never assigned.

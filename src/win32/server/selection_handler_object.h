@@ -6,20 +6,17 @@
 #include <ocidl.h>
 
 #include "VarDeskGUI.h"
+#include "server/com_object.h"
 #include "server/dual_dispatch.h"
-#include "server/ref_count.h"
 
 namespace vd::win32 {
 
-class SelectionHandlerObject final : public DualDispatch<_SelectionHandler>,
-                                     public IProvideClassInfo,
-                                     public ISupportErrorInfo {
+class SelectionHandlerObject final
+    : public ComObject<SelectionHandlerObject, DualDispatch<_SelectionHandler>, IProvideClassInfo, ISupportErrorInfo> {
+  friend ComObject;
+
  public:
   static HRESULT Create(REFIID iid, void** out) noexcept;
-
-  HRESULT STDMETHODCALLTYPE QueryInterface(REFIID iid, void** out) noexcept override;
-  ULONG STDMETHODCALLTYPE AddRef() noexcept override { return refs_.Up(); }
-  ULONG STDMETHODCALLTYPE Release() noexcept override;
 
   HRESULT STDMETHODCALLTYPE SetSelectedVariable(IDispatch* var, VARIANT* result) noexcept override;
   HRESULT STDMETHODCALLTYPE GetSelectedVariable(IDispatch** selected) noexcept override;
@@ -30,7 +27,6 @@ class SelectionHandlerObject final : public DualDispatch<_SelectionHandler>,
  private:
   SelectionHandlerObject() = default;
   ~SelectionHandlerObject() = default;
-  RefCount refs_;
 };
 
 }  // namespace vd::win32

@@ -50,30 +50,6 @@ ComPtr<_VarDeskUI> VarDeskUIObject::CreateWithCore(std::unique_ptr<UiCore> core)
   return ComPtr<_VarDeskUI>::Attach(new VarDeskUIObject(std::move(core)));
 }
 
-HRESULT VarDeskUIObject::QueryInterface(REFIID iid, void** out) noexcept {
-  if (!out) return E_POINTER;
-  if (IsEqualIID(iid, IID_IUnknown) || IsEqualIID(iid, IID_IDispatch) || IsEqualIID(iid, IID__VarDeskUI)) {
-    *out = static_cast<_VarDeskUI*>(this);
-  } else if (IsEqualIID(iid, IID_IConnectionPointContainer)) {
-    *out = static_cast<IConnectionPointContainer*>(this);
-  } else if (IsEqualIID(iid, IID_IProvideClassInfo) || IsEqualIID(iid, IID_IProvideClassInfo2)) {
-    *out = static_cast<IProvideClassInfo2*>(this);
-  } else if (IsEqualIID(iid, IID_ISupportErrorInfo)) {
-    *out = static_cast<ISupportErrorInfo*>(this);
-  } else {
-    *out = nullptr;
-    return E_NOINTERFACE;
-  }
-  AddRef();
-  return S_OK;
-}
-
-ULONG VarDeskUIObject::Release() noexcept {
-  ULONG left = refs_.Down();
-  if (left == 0) delete this;
-  return left;
-}
-
 HRESULT VarDeskUIObject::IsModified(VARIANT_BOOL* modified) noexcept {
   if (!modified) return E_POINTER;
   *modified = VARIANT_FALSE;
