@@ -12,6 +12,7 @@
 #include <oaidl.h>
 #include <ocidl.h>
 
+#include <new>
 #include <type_traits>
 #include <utility>
 
@@ -81,7 +82,8 @@ class ComObject : public Bases... {
     if (!out) return E_POINTER;
     *out = nullptr;
     return HResultBoundary([&] {
-      Derived* created = new Derived(std::forward<Args>(args)...);
+      Derived* created = new (std::nothrow) Derived(std::forward<Args>(args)...);
+      if (!created) return E_OUTOFMEMORY;
       const HRESULT hr = created->QueryInterface(iid, out);
       created->Release();
       return hr;
