@@ -7,7 +7,7 @@ packages=(
   cmake ninja-build g++ clang clang-format clang-tidy libclang-rt-14-dev
   googletest libgtest-dev libgmock-dev libbenchmark-dev nlohmann-json3-dev
   g++-mingw-w64-x86-64 g++-mingw-w64-i686 mingw-w64-tools binutils-mingw-w64-x86-64 binutils-mingw-w64-i686
-  libwine-dev wine wine64 fonts-wine xvfb x11-utils xauth imagemagick
+  libwine-dev wine wine64 fonts-wine xvfb x11-utils xauth imagemagick locales
 )
 
 missing=()
@@ -31,6 +31,15 @@ if ((${#missing[@]})); then
     echo "setup: apt-get install failed; see /tmp/vd-setup-apt.log" >&2
     exit 1
   fi
+fi
+
+# A locale whose decimal separator is "," for the Wine runs that read numbers
+# the user's way (tests/wine/robot/robust_comma_locale.robot).
+if ! locale -a 2>/dev/null | grep -qix 'de_DE.utf8'; then
+  sudo_cmd=()
+  [[ $(id -u) -eq 0 ]] || sudo_cmd=(sudo)
+  "${sudo_cmd[@]}" localedef -i de_DE -f UTF-8 de_DE.UTF-8 >/dev/null 2>&1 ||
+    echo "setup: the locale de_DE.UTF-8 cannot be generated; the comma-locale Wine run will fail" >&2
 fi
 
 # 32-bit Wine is optional: try once per machine, remember the outcome.

@@ -9,7 +9,8 @@
 #                            without any, over samples/plant.json
 #   # host: vbs NAME         tests/wine/scripts/NAME.vbs under cscript
 #   # host: target           the robot's own target: vd_winviews_tests.exe --robot-target
-#   # expect: TEXT           a line the host must print (several: in this order)
+#   # expect: TEXT           a line the host must print (several: in this order);
+#                            the target must print these lines and no others
 #   # env: NAME=VALUE        an environment variable for the host
 #   # robot: TEXT            a line the robot must print (in order); with these
 #                            the robot's failing steps are what the script shows
@@ -40,7 +41,7 @@ in_order() {
   ((next > $#)) || fail "$who did not print (in order): ${!next}"
 }
 
-host=() expects=() envs=() robot_lines=() vbs=
+host=() expects=() envs=() robot_lines=() vbs= exact=
 if [[ $file == *.vbs ]]; then
   vbs=$name
 else
@@ -51,7 +52,7 @@ else
       '# host: demo') host=(samples/plant.json) ;;
       '# host: demo '*) read -ra host <<<"${line#'# host: demo '}" ;;
       '# host: vbs '*) vbs=${line#'# host: vbs '} ;;
-      '# host: target') host=(vd_winviews_tests.exe --robot-target) ;;
+      '# host: target') host=(vd_winviews_tests.exe --robot-target) exact=1 ;;
       '# robot: '*) robot_lines+=("${line#'# robot: '}") ;;
       '# expect: '*) expects+=("${line#'# expect: '}") ;;
       '# env: '*) envs+=("${line#'# env: '}") ;;
@@ -102,6 +103,10 @@ if [[ -n $robot ]]; then
 fi
 ((host_status == 0)) || fail "the host ended with status $host_status"
 ((${#expects[@]})) && in_order "the host" "$work/host.txt" "${expects[@]}"
+if [[ -n $exact ]] && ! diff <(printf '%s\n' "${expects[@]}") "$work/host.txt" >"$work/host.diff"; then
+  cat "$work/host.diff"
+  fail "the target printed other lines than the expected ones"
+fi
 if [[ -n $vbs ]]; then
   grep -qx "END $vbs" "$work/host.txt" || fail "the script did not run to its end"
   grep -q '^FAIL - ' "$work/host.txt" && failures=$((failures + 1))

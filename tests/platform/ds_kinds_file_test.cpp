@@ -5,9 +5,6 @@
 #include <optional>
 #include <string>
 
-#include "vd/automation/collection.h"
-#include "vd/automation/error.h"
-
 #include "param_label.h"
 
 namespace vd::platform {
@@ -95,26 +92,6 @@ INSTANTIATE_TEST_SUITE_P(
                       ClassCase{"CaseMatters", u"dvdefault.file", 105},
                       ClassCase{"FunctionNeedsItsDot", u"DVFunction", 105}, ClassCase{"Empty", u"", 105}),
     testing::ParamLabel());
-
-// The dialog keys its custom kinds by display name, ignoring case: the second
-// of two names that differ only in case is refused with 457.
-TEST(ReadDsKinds, CaseTwinsCollideInTheDialogsKeyedCollection) {
-  automation::Collection<std::u16string> classes;
-  int32_t refusedWith = 0;
-  size_t added = 0;
-  for (const DsKindEntry& entry : ReadDsKinds("Scada X.A\r\nSCADA X.B\r\nOther X.C")) {
-    if (ClassifyDsKind(entry.className) != 105) continue;
-    try {
-      classes.Add(entry.className, entry.name);
-      ++added;
-    } catch (const automation::AutomationError& error) {
-      refusedWith = error.Number();
-      break;
-    }
-  }
-  EXPECT_EQ(added, 1u);
-  EXPECT_EQ(refusedWith, automation::err::kKeyAlreadyInCollection);
-}
 
 TEST(DsKindsFilePath, AppendsToTheHomeAsStored) {
   EXPECT_EQ(DsKindsFilePath(u"C:\\DV"), u"C:\\DV\\etc\\CustomDs.dat");

@@ -1,6 +1,6 @@
 // Every sample file loads, and the plant display offers what the embedded
 // default promises: every kind of data source, SCADA variables of every signal
-// type, deletes the toolkit refuses, and objects the simulated system knows.
+// type, and objects the simulated system knows.
 #include <gtest/gtest.h>
 
 #include <cstdlib>
@@ -58,22 +58,6 @@ TEST_F(PlantSample, HoldsEveryKindOfDataSource) {
   EXPECT_EQ(kinds, (std::set<int32_t>{toolkit::kind::kFile, toolkit::kind::kConstant, toolkit::kind::kMemory,
                                       toolkit::kind::kCustom}));
   EXPECT_GE(scadaSources, 2);
-}
-
-TEST_F(PlantSample, DeletesAreRefusedExactlyWhereVariablesAreInUse) {
-  int refused = 0;
-  int allowed = 0;
-  auto list = sample.display->GetDataSources();
-  for (int32_t i = list->DsCount(); i >= 1; --i) {
-    auto ds = list->DsItem(i);
-    bool used = false;
-    for (int32_t j = 1; j <= ds->GetDsVars()->DsvCount(); ++j)
-      used = used || ds->GetDsVars()->DsvItem(j)->GetDsvUseCount() >= 1;
-    EXPECT_EQ(ds->RemoveDs(), !used) << automation::ToUtf8(ds->GetDsName());
-    (used ? refused : allowed) += 1;
-  }
-  EXPECT_GE(refused, 1);
-  EXPECT_GE(allowed, 1);
 }
 
 TEST_F(PlantSample, ScadaVariablesCoverEverySignalTypeAndMatchTheObjectTable) {

@@ -12,52 +12,6 @@ namespace {
 
 using Log = std::vector<std::string>;
 
-TEST_F(DialogTest, ButtonClickMovesTheFocusThenClicks) {
-  script.Then("click", [&] { PostClick(Win(form.cmdApply)); }).Then("check", [&] {
-    EXPECT_EQ(form.log, (Log{"txtName.GotFocus", "txtName.LostFocus", "cmdApply.GotFocus", "cmdApply.Click"}));
-    EXPECT_EQ(form.ActiveControl(), &form.cmdApply);
-  });
-  script.Run();
-}
-
-TEST_F(DialogTest, CheckBoxClicksToggleTheFormsValue) {
-  script.Then("click", [&] { PostClick(Win(form.chkExpandAll)); })
-      .Then("check checked",
-            [&] {
-              EXPECT_EQ(form.chkExpandAll.Value(), vd::forms::vbChecked);
-              EXPECT_EQ(SendMessageW(Win(form.chkExpandAll), BM_GETCHECK, 0, 0), BST_CHECKED);
-              PostClick(Win(form.chkExpandAll));
-            })
-      .Then("check unchecked", [&] {
-        EXPECT_EQ(form.chkExpandAll.Value(), vd::forms::vbUnchecked);
-        EXPECT_EQ(SendMessageW(Win(form.chkExpandAll), BM_GETCHECK, 0, 0), BST_UNCHECKED);
-        EXPECT_EQ(form.Events({"chkExpandAll.Click"}), (Log{"chkExpandAll.Click:1", "chkExpandAll.Click:0"}));
-      });
-  script.Run();
-}
-
-TEST_F(DialogTest, OptionClickSelectsItAndClearsTheOtherWithoutItsClick) {
-  script.Then("click", [&] { PostClick(Win(form.optBinary)); }).Then("check", [&] {
-    EXPECT_TRUE(form.optBinary.Value());
-    EXPECT_FALSE(form.optASCII.Value());
-    EXPECT_EQ(SendMessageW(Win(form.optASCII), BM_GETCHECK, 0, 0), BST_UNCHECKED);
-    EXPECT_EQ(SendMessageW(Win(form.optBinary), BM_GETCHECK, 0, 0), BST_CHECKED);
-    EXPECT_EQ(form.Events({"optASCII.Click", "optBinary.Click"}), Log{"optBinary.Click"});
-  });
-  script.Run();
-}
-
-TEST_F(DialogTest, TypedCharactersRaiseKeyPressAndChangeEach) {
-  script.Then("type", [&] { PostChars(Win(form.txtName), u"ab"); })
-      .WaitFor("the text", [&] { return form.txtName.Text() == u"ab"; })
-      .Then("check", [&] {
-        EXPECT_EQ(form.Events({"txtName.KeyPress", "txtName.Change"}),
-                  (Log{"txtName.KeyPress:97", "txtName.Change:a", "txtName.KeyPress:98", "txtName.Change:ab"}));
-        EXPECT_EQ(WindowText(Win(form.txtName)), u"ab");
-      });
-  script.Run();
-}
-
 TEST_F(DialogTest, ChangeHandlerRewritingTheTextIsShownAndNotReportedAgain) {
   form.txtName.onChange = [&] {
     form.log.push_back("txtName.Change:" + Narrow(form.txtName.Text()));
@@ -115,17 +69,6 @@ TEST_F(DialogTest, TypingIntoAnEditableComboRaisesChange) {
         EXPECT_EQ(form.Events({"cboFind.Change"}), (Log{"cboFind.Change:L", "cboFind.Change:Le"}));
         EXPECT_EQ(form.cboFind.ListIndex(), -1);
         EXPECT_EQ(WindowText(Win(form.cboFind)), u"Le");
-      });
-  script.Run();
-}
-
-TEST_F(DialogTest, FocusMovedInTheWindowsRaisesLostFocusThenGotFocus) {
-  script.Then("focus", [&] { SetFocus(Win(form.treItems)); })
-      .Then("focus again", [&] { SetFocus(Win(form.cboType)); })
-      .Then("check", [&] {
-        EXPECT_EQ(form.log, (Log{"txtName.GotFocus", "txtName.LostFocus", "treItems.GotFocus", "treItems.LostFocus",
-                                 "cboType.GotFocus"}));
-        EXPECT_EQ(form.ActiveControl(), &form.cboType);
       });
   script.Run();
 }

@@ -48,14 +48,6 @@ const KeyCase kKeys[] = {
 INSTANTIATE_TEST_SUITE_P(Keys, KeyPreviewTest, ::testing::ValuesIn(kKeys),
                          [](const ::testing::TestParamInfo<KeyCase>& param) { return param.param.name; });
 
-TEST_F(DialogTest, TabMovesTheFocusToTheNextControlWithoutAKeyDown) {
-  script.Then("tab", [&] { PostKey(Win(form.txtName), VK_TAB); }).Then("check", [&] {
-    EXPECT_EQ(GetFocus(), Win(form.cmdApply));
-    EXPECT_EQ(form.log, (Log{"txtName.GotFocus", "txtName.LostFocus", "cmdApply.GotFocus"}));
-  });
-  script.Run();
-}
-
 TEST_F(DialogTest, AccessKeyPressesTheButton) {
   script.Then("alt+a", [&] { PostMessageW(Win(form.txtName), WM_SYSCHAR, 'a', static_cast<LPARAM>(1u << 29)); })
       .Then("check", [&] { EXPECT_EQ(form.Count("cmdApply.Click"), 1u); });

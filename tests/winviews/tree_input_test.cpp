@@ -13,16 +13,6 @@ using Log = std::vector<std::string>;
 const std::vector<std::string> kTreeEvents{"treItems.NodeClick", "treItems.Click", "treItems.DblClick",
                                            "treItems.Collapse", "treItems.Expand"};
 
-TEST_F(DialogTest, ClickOnANodeSelectsItAndRaisesNodeClickOnce) {
-  script.Then("click", [&] { PostMouseClick(Tree(), NodePoint(SampleForm::VarKey(1, 2))); }).Then("check", [&] {
-    EXPECT_EQ(form.Events(kTreeEvents), (Log{"treItems.NodeClick:1:2", "treItems.Click"}));
-    EXPECT_EQ(form.treItems.SelectedItem()->Key(), u"1:2");
-    EXPECT_EQ(TreeSelection(Tree()), Item(SampleForm::VarKey(1, 2)));
-    EXPECT_EQ(form.ActiveControl(), &form.treItems);
-  });
-  script.Run();
-}
-
 TEST_F(DialogTest, ArrowKeySelectsTheNextNodeAsAClick) {
   script
       .Then("select by code",

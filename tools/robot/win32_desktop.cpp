@@ -7,7 +7,6 @@
 #include "background_send.h"
 #include "posted_input.h"
 #include "queue_marker.h"
-#include "remote_memory.h"
 #include "views/control_lookup.h"
 #include "views/wide_text.h"
 #include "window_query.h"
@@ -209,6 +208,8 @@ ActResult Win32Desktop::Act(const Step& step) {
       progress.control = TypingWindow(Control(step.target));
       progress.characters = std::wstring(step.text.begin(), step.text.end());
       PostClick(progress.control, CentreOf(progress.control));
+      // The click places the caret: the whole text is selected only once it was handled.
+      progress.marker = std::make_unique<QueueMarker>(form_, progress.control);
       progress.stage = Stage::kFocusing;
       break;
     }
@@ -287,7 +288,9 @@ Look Win32Desktop::Advance(const Step& step) {
       if (const HWND box = Box())
         return Never("a message box came up before typing: " + Quoted(Utf8(MessageBoxText(box))));
       if (!FormProblem().empty()) return Never(FormProblem());
+      if (!progress.marker->Reached()) return NotYet("the click into the box has not yet been handled");
       if (FocusOf(formThread_) != progress.control) return NotYet("the box did not get the focus");
+      progress.marker.reset();
       {
         LRESULT ignored = 0;
         Ask(progress.control, EM_SETSEL, 0, -1, ignored);  // typing replaces the whole text
@@ -336,8 +339,13 @@ Look Win32Desktop::Advance(const Step& step) {
 
     case Stage::kPicking:
       if (!progress.send->Done() && !Interrupted()) return NotYet("the entry is being picked");
-      PostMessageW(progress.control, CB_SHOWDROPDOWN, FALSE, 0);
-      if (Interrupted()) return Holds();
+      if (Interrupted()) {
+        PostMessageW(progress.control, CB_SHOWDROPDOWN, FALSE, 0);
+        return Holds();
+      }
+      // The user ends the pick with Enter: the list itself tells its form that
+      // the pick ended (also on the entry already shown) and closes.
+      PostKeystroke(progress.control, VK_RETURN, false);
       return Mark(nullptr);
 
     case Stage::kBoxClosing:

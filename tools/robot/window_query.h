@@ -2,7 +2,10 @@
 // Texts and states of another program's windows, asked with the messages that
 // Windows carries across processes, each answered within a bounded time.
 #include <windows.h>
+// after windows.h
+#include <commctrl.h>
 
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -36,5 +39,11 @@ String MessageBoxText(HWND box);
 // The button of a dialog whose text, without its access key and ignoring case, is name.
 HWND ButtonNamed(HWND dialog, StringView name);
 std::vector<String> ButtonTexts(HWND dialog);
+// Texts that common controls give only into memory of their own process (a
+// tree node's, a status bar's): the robot lends them a block there. The robot
+// and the program must be built for the same architecture.
+std::optional<String> RemoteNodeText(HWND tree, HTREEITEM item);
+// The text of a status bar (of its only part when it shows one text).
+std::optional<String> RemoteStatusText(HWND statusBar);
 
 }  // namespace vd::win32::robot

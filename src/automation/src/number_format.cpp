@@ -2,6 +2,7 @@
 #include <cmath>
 #include <cstdlib>
 #include <string>
+#include <utility>
 
 #include "vd/automation/numeric.h"
 
@@ -83,11 +84,28 @@ String FormatShortest(F value, int precision) {
   } else {
     AppendFixedForm(out, digits, exponent);
   }
-  return {out.begin(), out.end()};
+  String text;
+  text.reserve(out.size());
+  for (const char c : out) {
+    if (c == '.') {
+      text.append(DecimalSeparator());
+    } else {
+      text.push_back(static_cast<char16_t>(c));
+    }
+  }
+  return text;
+}
+
+String& CurrentSeparator() {
+  static String separator = u".";
+  return separator;
 }
 }  // namespace
 
 String FormatGeneral(double value) { return FormatShortest(value, 15); }
 String FormatGeneral(float value) { return FormatShortest(value, 7); }
+
+void SetDecimalSeparator(String separator) { CurrentSeparator() = separator.empty() ? u"." : std::move(separator); }
+const String& DecimalSeparator() { return CurrentSeparator(); }
 
 }  // namespace vd::automation

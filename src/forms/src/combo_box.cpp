@@ -115,20 +115,20 @@ bool ComboBox::UserDropDown() {
   return true;
 }
 
-bool ComboBox::UserPick(int32_t index) {
-  if (!UserDropDown()) return false;
+bool ComboBox::UserChoose(int32_t index) {
+  if (!UserFocus()) return false;
   if (index < 0 || index >= ListCount() || !CanUse()) return false;
-  SetListIndex(index);
+  if (index == listIndex_) {
+    Fire(onClick);  // the pick of the entry shown changes nothing but still clicks
+  } else {
+    SetListIndex(index);
+  }
   return true;
 }
 
-bool ComboBox::UserPick(StringView entryText) {
-  if (!UserDropDown()) return false;
-  const int32_t index = FindEntry(entryText);
-  if (index < 0 || !CanUse()) return false;
-  SetListIndex(index);
-  return true;
-}
+bool ComboBox::UserPick(int32_t index) { return UserDropDown() && UserChoose(index); }
+
+bool ComboBox::UserPick(StringView entryText) { return UserDropDown() && UserChoose(FindEntry(entryText)); }
 
 bool ComboBox::UserType(StringView text) {
   if (!Editable() || !UserFocus()) return false;

@@ -36,6 +36,12 @@ std::string ParseReason(const std::string& what) {
   return colon == std::string::npos ? what : what.substr(colon + 2);
 }
 
+// nlohmann's other messages begin with the exception's own name in brackets.
+std::string ExceptionReason(const std::string& what) {
+  const size_t end = what.rfind("] ", what.find(' '));
+  return !what.empty() && what.front() == '[' && end != std::string::npos ? what.substr(end + 2) : what;
+}
+
 class Reader {
  public:
   Reader(std::string_view text, std::string file, fs::path baseDirectory)
@@ -79,10 +85,22 @@ class Reader {
       return json::parse(text_, callback);
     } catch (const json::parse_error& e) {
       throw SampleFileError(file_, detail::LineAt(text_, e.byte == 0 ? 0 : e.byte - 1), ParseReason(e.what()));
+    } catch (const json::out_of_range& e) {
+      // A number beyond Double's range; the message names the number, not its place.
+      throw SampleFileError(file_, detail::LineAt(text_, NamedTokenOffset(e.what())), ExceptionReason(e.what()));
     } catch (const DuplicateKey& d) {
       auto at = detail::FindKey(text_, d.objectOrdinal, d.key, 2);
       throw SampleFileError(file_, detail::LineAt(text_, at.value_or(0)), "duplicate key \"" + d.key + "\"");
     }
+  }
+
+  // Where the text holds the token that a message names in single quotes (0 when it names none).
+  size_t NamedTokenOffset(const std::string& what) const {
+    const size_t open = what.find('\'');
+    const size_t close = open == std::string::npos ? std::string::npos : what.rfind('\'');
+    if (close == std::string::npos || close <= open + 1) return 0;
+    const size_t at = text_.find(std::string_view(what).substr(open + 1, close - open - 1));
+    return at == std::string_view::npos ? 0 : at;
   }
 
   [[noreturn]] void Fail(const JsonPath& path, const std::string& what) const {

@@ -11,7 +11,7 @@ WindowsPlatform::WindowsPlatform() {
   ui_.SetOpenFileHandler(&services::ShowOpenFileNameDialog);
   modalHost_.SetDialogKeys(u"frmFindDialog", {u"OKButton", u"CancelButton"});
   forms::Form::SetDefaultModalHost(&modalHost_);
-  automation::InstallWindowsNumberParser();
+  automation::InstallWindowsNumberSyntax();
 }
 
 WindowsPlatform::~WindowsPlatform() {

@@ -22,6 +22,7 @@ struct ControlWindow {
   std::unique_ptr<TreeMirror> tree;
   bool hasTip = false;       // registered with the tooltip window
   bool droppedDown = false;  // a combo box's list is open
+  bool pickClicked = false;  // a change of entry in the open list has clicked already
 };
 
 }  // namespace vd::win32::views

@@ -1,5 +1,7 @@
 // What the user does to the windows, reported through the form's and the
 // controls' User* entry points.
+#include <utility>
+
 #include "vd/forms/forms.h"
 #include "views/control_lookup.h"
 #include "views/cursors.h"
@@ -133,21 +135,37 @@ void FormView::OnCommand(int id, int code, HWND /*control*/) {
       switch (code) {
         case CBN_DROPDOWN:
           record->droppedDown = true;
+          record->pickClicked = false;
           UserAction([&] { combo.UserDropDown(); });
           break;
         case CBN_CLOSEUP:
           record->droppedDown = false;
           break;
         case CBN_SELCHANGE: {
-          // The pick of an entry; its DropDown came with CBN_DROPDOWN (none
-          // when the arrow keys change the entry of a closed list).
+          // A changed entry: the arrow keys on the closed list, or the pick or
+          // the arrow keys in the open list (its DropDown came with CBN_DROPDOWN).
           const auto index = static_cast<int32_t>(SendMessageW(record->window, CB_GETCURSEL, 0, 0));
+          if (index == combo.ListIndex()) break;
+          if (record->droppedDown) record->pickClicked = true;
           UserAction([&] {
             if (index < 0 || index >= combo.ListCount() || !combo.UserFocus()) return;
             if (combo.IsShown() && combo.IsUsable()) combo.SetListIndex(index);
           });
           break;
         }
+        case CBN_SELENDOK: {
+          // The end of a pick, which the list sends also when the entry picked
+          // is the one shown: that pick clicks too, unless a change of entry in
+          // this open list clicked already.
+          const auto index = static_cast<int32_t>(SendMessageW(record->window, CB_GETCURSEL, 0, 0));
+          const bool clicked = std::exchange(record->pickClicked, false);
+          if (clicked && index == combo.ListIndex()) break;
+          UserAction([&] { combo.UserChoose(index); });
+          break;
+        }
+        case CBN_SELENDCANCEL:
+          record->pickClicked = false;
+          break;
         case CBN_EDITCHANGE: {
           const String text = WindowText(record->window);
           UserAction([&] { combo.UserType(text); });

@@ -1,24 +1,47 @@
 # host: target
+# expect: target: txtName.GotFocus
 # expect: target: txtName.Change:abc
 # expect: target: txtName.KeyPress:120
 # expect: target: txtName.Change:x
 # expect: target: txtName.KeyPress:121
 # expect: target: txtName.Change:xy
+# expect: target: txtName.LostFocus
 # expect: target: cmdApply.GotFocus
+# expect: target: cmdApply.LostFocus
+# expect: target: cboType.GotFocus
 # expect: target: cboType.DropDown
 # expect: target: cboType.Click:Float
+# expect: target: cboType.LostFocus
+# expect: target: chkExpandAll.GotFocus
 # expect: target: chkExpandAll.Click:1
+# expect: target: chkExpandAll.Click:0
+# expect: target: chkExpandAll.LostFocus
+# expect: target: optBinary.GotFocus
 # expect: target: optBinary.Click
+# expect: target: optBinary.LostFocus
+# expect: target: treItems.GotFocus
 # expect: target: treItems.NodeClick:1:2
+# expect: target: treItems.Click
 # expect: target: treItems.NodeClick:1:1
+# expect: target: treItems.Click
+# expect: target: treItems.NodeClick:1:1
+# expect: target: treItems.Click
 # expect: target: treItems.DblClick
 # expect: target: Form.KeyDown:114:1
 # expect: target: Form.KeyDown:70:2
+# expect: target: treItems.KeyPress:6
+# expect: target: treItems.LostFocus
+# expect: target: cmdApply.GotFocus
 # expect: target: cmdApply.Click
 # expect: target: answer:2
+# expect: target: cmdApply.LostFocus
+# expect: target: cmdClose.GotFocus
 # expect: target: cmdClose.Click
 # The robot's own test: every kind of step against the views' sample form,
-# whose event log shows what the robot's input made of it.
+# whose event log shows what the robot's input made of it. The log is the
+# target's whole output: every event, once, in order, and none besides (the
+# focus moving with each click, no Click for an option cleared or for a pick's
+# drop-down, no key-down for Tab, one KeyPress and one Change per typed key).
 timeout 10000
 wait form frmSample
 check caption "Sample Browser"
@@ -36,7 +59,10 @@ check cboType text "Float"
 check cboType items "Byte|Short|Long|Float|Double"
 click chkExpandAll
 check chkExpandAll checked
+click chkExpandAll
+check chkExpandAll unchecked
 click optBinary
+check optBinary checked
 check optASCII unchecked
 click node "1:2"
 check node "1:2" selected

@@ -19,15 +19,8 @@ Class DsvEditor
   End Sub
 End Class
 
-Class ScriptComm
-  Public Sub GetApplications(names, numbers)
-    names = Array("Plant")
-    numbers = Array(1)
-  End Sub
-End Class
-
 Const kMark = "0_ThIs_1_StRiNg_2_WiLl_3_NeVeR_4_eVeR_5_bE_6_uSeD_7_aS_8_a_9_nAmE_8_bY_7_THE_6_users543210"
-Dim ui, d, level, pressure, flow, r, handler, editor, bridge
+Dim ui, d, level, pressure, flow, r, editor, bridge
 Set ui = CreateObject("VarDeskGUI.VarDeskUI")
 Set d = NewPlantDisplay()
 Set level = d.List.DsItem(1).GetDsVars().DsvItem(1)
@@ -45,13 +38,6 @@ Check "Close returns Nothing", r Is Nothing
 ui.EditDataSources d
 Check "IsModified after a variable was renamed", ui.IsModified()
 CheckEqual "the new name reached the display's variable", pressure.GetDsvName(), "Pressure_bar"
-
-Set ui.Communication = New ScriptComm
-Check "Communication reads back as Nothing", ui.Communication Is Nothing
-Set handler = CreateObject("VarDeskGUI.SelectionHandler")
-r = handler.SetSelectedVariable(level)
-Check "SetSelectedVariable returns Empty", IsEmpty(r)
-Check "SelectionHandler keeps no variable", handler.GetSelectedVariable() Is Nothing
 
 Set editor = New DsvEditor
 Set editor.Replacement = level

@@ -24,7 +24,7 @@ enum class StepKind {
   kPick,             // pick NAME TEXT
   kAnswer,           // answer msgbox [TEXT] [title TEXT] button NAME
   kTimeout,          // timeout MILLISECONDS
-  // Checks: the robot looks; a failure is counted and the script goes on.
+  // Checks (they come last): the robot looks; a failure is counted and the script goes on.
   kCheckCaption,       // check caption TEXT
   kCheckState,         // check NAME enabled|disabled|visible|hidden|checked|unchecked|focused
   kCheckText,          // check NAME text TEXT  (also: check NAME caption TEXT)

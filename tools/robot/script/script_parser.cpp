@@ -10,20 +10,7 @@ namespace vd::robot {
 
 using vd::automation::FromUtf8;
 
-bool Step::IsCheck() const {
-  switch (kind) {
-    case StepKind::kCheckCaption:
-    case StepKind::kCheckState:
-    case StepKind::kCheckText:
-    case StepKind::kCheckItems:
-    case StepKind::kCheckNodeState:
-    case StepKind::kCheckNodeText:
-    case StepKind::kCheckNoMessageBox:
-      return true;
-    default:
-      return false;
-  }
-}
+bool Step::IsCheck() const { return kind >= StepKind::kCheckCaption; }
 
 namespace {
 
@@ -35,203 +22,157 @@ std::string_view Trimmed(std::string_view text) {
   return text;
 }
 
-std::optional<ControlState> ControlStateOf(std::string_view word) {
-  if (word == "enabled") return ControlState::kEnabled;
-  if (word == "disabled") return ControlState::kDisabled;
-  if (word == "visible") return ControlState::kVisible;
-  if (word == "hidden") return ControlState::kHidden;
-  if (word == "checked") return ControlState::kChecked;
-  if (word == "unchecked") return ControlState::kUnchecked;
-  if (word == "focused") return ControlState::kFocused;
-  return std::nullopt;
+// The steps whose words follow a pattern: lower-case words stand as written
+// (bare), NAME and KEY take the target, TEXT the text, STATE a state word and
+// [keys] may follow. The first pattern that fits a line makes its step.
+struct Pattern {
+  const char* words;
+  StepKind kind;
+};
+constexpr Pattern kPatterns[] = {
+    {"wait form NAME", StepKind::kWaitForm},
+    {"wait gone", StepKind::kWaitGone},
+    {"close", StepKind::kClose},
+    {"click node KEY", StepKind::kClickNode},
+    {"click NAME", StepKind::kClick},
+    {"dblclick node KEY", StepKind::kDoubleClickNode},
+    {"type NAME TEXT [keys]", StepKind::kType},
+    {"pick NAME TEXT", StepKind::kPick},
+    {"check caption TEXT", StepKind::kCheckCaption},
+    {"check no msgbox", StepKind::kCheckNoMessageBox},
+    {"check node KEY text TEXT", StepKind::kCheckNodeText},
+    {"check node KEY STATE", StepKind::kCheckNodeState},
+    {"check NAME text TEXT", StepKind::kCheckText},
+    {"check NAME caption TEXT", StepKind::kCheckText},
+    {"check NAME items TEXT", StepKind::kCheckItems},
+    {"check NAME STATE", StepKind::kCheckState},
+};
+constexpr const char* kControlStates[] = {"enabled", "disabled",  "visible", "hidden",
+                                          "checked", "unchecked", "focused"};
+constexpr const char* kNodeStates[] = {"selected", "present", "absent"};
+
+template <size_t N>
+int IndexIn(const char* const (&names)[N], const std::string& word) {
+  for (size_t i = 0; i < N; ++i)
+    if (word == names[i]) return static_cast<int>(i);
+  return -1;
 }
 
-std::optional<NodeState> NodeStateOf(std::string_view word) {
-  if (word == "selected") return NodeState::kSelected;
-  if (word == "present") return NodeState::kPresent;
-  if (word == "absent") return NodeState::kAbsent;
-  return std::nullopt;
+template <size_t N>
+std::string Listed(const char* const (&names)[N]) {
+  std::string list;
+  for (const char* name : names) list += (list.empty() ? "" : ", ") + std::string(name);
+  return list;
+}
+
+std::string Bare(const std::vector<Word>& words, size_t i) {
+  return i < words.size() && !words[i].quoted ? words[i].text : std::string();
+}
+
+// Whether the words fit the pattern; fills step, and why when a state word is unknown.
+bool Fits(const Pattern& pattern, const std::vector<Word>& words, Step& step, std::string& why) {
+  std::vector<std::string> parts;
+  for (std::string_view rest = pattern.words; !rest.empty();) {
+    const size_t blank = rest.find(' ');
+    parts.emplace_back(rest.substr(0, blank));
+    rest = blank == std::string_view::npos ? std::string_view() : rest.substr(blank + 1);
+  }
+  const bool optional = parts.back() == "[keys]";
+  if (words.size() != parts.size() && !(optional && words.size() == parts.size() - 1)) return false;
+  std::string state;
+  for (size_t i = 0; i < words.size(); ++i) {
+    const std::string& part = parts[i];
+    if (part == "NAME" || part == "KEY") {
+      step.target = FromUtf8(words[i].text);
+    } else if (part == "TEXT") {
+      step.text = FromUtf8(words[i].text);
+    } else if (part == "STATE") {
+      state = words[i].text;
+    } else if (Bare(words, i) != (part == "[keys]" ? "keys" : part)) {
+      return false;
+    }
+  }
+  step.kind = pattern.kind;
+  step.keystrokes = optional && words.size() == parts.size();
+  if (pattern.kind == StepKind::kCheckState) {
+    const int found = IndexIn(kControlStates, state);
+    if (found < 0) why = "unknown state '" + state + "' (" + Listed(kControlStates) + ")";
+    step.controlState = static_cast<ControlState>(found);
+  } else if (pattern.kind == StepKind::kCheckNodeState) {
+    const int found = IndexIn(kNodeStates, state);
+    if (found < 0) why = "unknown node state '" + state + "' (" + Listed(kNodeStates) + ")";
+    step.nodeState = static_cast<NodeState>(found);
+  }
+  return true;
+}
+
+std::string Key(const std::vector<Word>& words, Step& step) {
+  if (words.size() < 2) return "expected: key KEY [shift] [ctrl] [alt]";
+  const std::optional<uint16_t> code = VirtualKeyOf(words[1].text);
+  if (!code) return "unknown key '" + words[1].text + "'";
+  step.kind = StepKind::kKey;
+  step.key.virtualKey = *code;
+  for (size_t i = 2; i < words.size(); ++i) {
+    const std::string modifier = Bare(words, i);
+    bool* held = modifier == "shift"  ? &step.key.shift
+                 : modifier == "ctrl" ? &step.key.ctrl
+                 : modifier == "alt"  ? &step.key.alt
+                                      : nullptr;
+    if (held == nullptr) return "unknown modifier '" + words[i].text + "' (shift, ctrl, alt)";
+    *held = true;
+  }
+  return "";
+}
+
+std::string Answer(const std::vector<Word>& words, Step& step) {
+  std::string usage = "expected: answer msgbox [TEXT] [title TEXT] button NAME";
+  if (Bare(words, 1) != "msgbox") return usage;
+  step.kind = StepKind::kAnswer;
+  size_t at = 2;
+  if (at < words.size() && (words[at].quoted || (Bare(words, at) != "title" && Bare(words, at) != "button"))) {
+    step.hasText = true;
+    step.text = FromUtf8(words[at++].text);
+  }
+  if (Bare(words, at) == "title" && at + 1 < words.size()) {
+    step.hasTitle = true;
+    step.title = FromUtf8(words[at + 1].text);
+    at += 2;
+  }
+  if (Bare(words, at) != "button" || at + 2 != words.size()) return usage;
+  step.button = FromUtf8(words[at + 1].text);
+  return "";
+}
+
+std::string Timeout(const std::vector<Word>& words, Step& step) {
+  const std::string& number = words.size() == 2 ? words[1].text : std::string();
+  uint32_t value = 0;
+  const auto [end, error] = std::from_chars(number.data(), number.data() + number.size(), value);
+  if (number.empty() || error != std::errc() || end != number.data() + number.size() || value == 0)
+    return "expected: timeout MILLISECONDS (a whole number above 0)";
+  step.kind = StepKind::kTimeout;
+  step.milliseconds = value;
+  return "";
 }
 
 // Reads the words of one step into step; "" when they make a step, else why not.
-class LineReader {
- public:
-  LineReader(const std::vector<Word>& words, Step& step) : words_(words), step_(step) {}
-
-  std::string Read() {
-    const std::string verb = Bare(0);
-    if (verb == "wait") return Wait();
-    if (verb == "click" || verb == "dblclick") return Click(verb == "dblclick");
-    if (verb == "close") {
-      step_.kind = StepKind::kClose;
-      return Expect(1, "close");
+std::string Read(const std::vector<Word>& words, Step& step) {
+  const std::string verb = Bare(words, 0);
+  if (verb == "key") return Key(words, step);
+  if (verb == "answer") return Answer(words, step);
+  if (verb == "timeout") return Timeout(words, step);
+  std::string usages;
+  for (const Pattern& pattern : kPatterns) {
+    if (std::string_view(pattern.words).substr(0, verb.size() + 1) != verb + ' ' && pattern.words != verb) continue;
+    std::string why;
+    Step tried = step;
+    if (Fits(pattern, words, tried, why)) {
+      step = std::move(tried);
+      return why;
     }
-    if (verb == "type") return Type();
-    if (verb == "key") return Key();
-    if (verb == "pick") return Pick();
-    if (verb == "answer") return Answer();
-    if (verb == "timeout") return Timeout();
-    if (verb == "check") return Check();
-    return "unknown step '" + words_[0].text + "'";
+    usages += (usages.empty() ? "expected: " : ", or ") + std::string(pattern.words);
   }
-
- private:
-  // A keyword: a bare word at position i, "" when there is none.
-  [[nodiscard]] std::string Bare(size_t i) const {
-    return i < words_.size() && !words_[i].quoted ? words_[i].text : std::string();
-  }
-  [[nodiscard]] bool Has(size_t i) const { return i < words_.size(); }
-  [[nodiscard]] String Text(size_t i) const { return FromUtf8(words_[i].text); }
-  [[nodiscard]] std::string Expect(size_t count, const char* usage) const {
-    return words_.size() == count ? std::string() : std::string("expected: ") + usage;
-  }
-
-  std::string Wait() {
-    if (Bare(1) == "form") {
-      if (!Has(2)) return "expected: wait form NAME";
-      step_.kind = StepKind::kWaitForm;
-      step_.target = Text(2);
-      return Expect(3, "wait form NAME");
-    }
-    if (Bare(1) == "gone") {
-      step_.kind = StepKind::kWaitGone;
-      return Expect(2, "wait gone");
-    }
-    return "expected: wait form NAME, or wait gone";
-  }
-
-  std::string Click(bool twice) {
-    if (Bare(1) == "node") {
-      if (!Has(2)) return "expected: click node KEY";
-      step_.kind = twice ? StepKind::kDoubleClickNode : StepKind::kClickNode;
-      step_.target = Text(2);
-      return Expect(3, "click node KEY");
-    }
-    if (twice) return "expected: dblclick node KEY";
-    if (!Has(1)) return "expected: click NAME";
-    step_.kind = StepKind::kClick;
-    step_.target = Text(1);
-    return Expect(2, "click NAME");
-  }
-
-  std::string Type() {
-    if (!Has(2)) return "expected: type NAME TEXT [keys]";
-    step_.kind = StepKind::kType;
-    step_.target = Text(1);
-    step_.text = Text(2);
-    if (Has(3)) {
-      if (Bare(3) != "keys") return "expected: type NAME TEXT [keys]";
-      step_.keystrokes = true;
-      return Expect(4, "type NAME TEXT [keys]");
-    }
-    return "";
-  }
-
-  std::string Key() {
-    if (!Has(1)) return "expected: key KEY [shift] [ctrl] [alt]";
-    const std::optional<uint16_t> code = VirtualKeyOf(words_[1].text);
-    if (!code) return "unknown key '" + words_[1].text + "'";
-    step_.kind = StepKind::kKey;
-    step_.key.virtualKey = *code;
-    for (size_t i = 2; i < words_.size(); ++i) {
-      const std::string modifier = Bare(i);
-      bool* held = modifier == "shift"  ? &step_.key.shift
-                   : modifier == "ctrl" ? &step_.key.ctrl
-                   : modifier == "alt"  ? &step_.key.alt
-                                        : nullptr;
-      if (held == nullptr) return "unknown modifier '" + words_[i].text + "' (shift, ctrl, alt)";
-      *held = true;
-    }
-    return "";
-  }
-
-  std::string Pick() {
-    if (!Has(2)) return "expected: pick NAME TEXT";
-    step_.kind = StepKind::kPick;
-    step_.target = Text(1);
-    step_.text = Text(2);
-    return Expect(3, "pick NAME TEXT");
-  }
-
-  std::string Answer() {
-    static constexpr char kUsage[] = "answer msgbox [TEXT] [title TEXT] button NAME";
-    if (Bare(1) != "msgbox") return std::string("expected: ") + kUsage;
-    step_.kind = StepKind::kAnswer;
-    size_t at = 2;
-    if (Has(at) && (words_[at].quoted || (Bare(at) != "title" && Bare(at) != "button"))) {
-      step_.hasText = true;
-      step_.text = Text(at++);
-    }
-    if (Bare(at) == "title") {
-      if (!Has(at + 1)) return std::string("expected: ") + kUsage;
-      step_.hasTitle = true;
-      step_.title = Text(at + 1);
-      at += 2;
-    }
-    if (Bare(at) != "button" || !Has(at + 1)) return std::string("expected: ") + kUsage;
-    step_.button = Text(at + 1);
-    return Expect(at + 2, kUsage);
-  }
-
-  std::string Timeout() {
-    const std::string& number = Has(1) ? words_[1].text : std::string();
-    uint32_t value = 0;
-    const auto [end, error] = std::from_chars(number.data(), number.data() + number.size(), value);
-    if (number.empty() || error != std::errc() || end != number.data() + number.size() || value == 0)
-      return "expected: timeout MILLISECONDS (a whole number above 0)";
-    step_.kind = StepKind::kTimeout;
-    step_.milliseconds = value;
-    return Expect(2, "timeout MILLISECONDS");
-  }
-
-  std::string Check() {
-    if (Bare(1) == "caption") {
-      if (!Has(2)) return "expected: check caption TEXT";
-      step_.kind = StepKind::kCheckCaption;
-      step_.text = Text(2);
-      return Expect(3, "check caption TEXT");
-    }
-    if (Bare(1) == "no" && Bare(2) == "msgbox") {
-      step_.kind = StepKind::kCheckNoMessageBox;
-      return Expect(3, "check no msgbox");
-    }
-    if (Bare(1) == "node") return CheckNode();
-    if (!Has(2)) return "expected: check NAME STATE, check NAME text TEXT or check NAME items TEXT";
-    step_.target = Text(1);
-    const std::string what = Bare(2);
-    if (what == "text" || what == "caption" || what == "items") {
-      if (!Has(3)) return "expected: check NAME " + what + " TEXT";
-      step_.kind = what == "items" ? StepKind::kCheckItems : StepKind::kCheckText;
-      step_.text = Text(3);
-      return Expect(4, "check NAME text TEXT");
-    }
-    const std::optional<ControlState> state = ControlStateOf(what);
-    if (!state)
-      return "unknown state '" + words_[2].text + "' (enabled, disabled, visible, hidden, checked, unchecked, focused)";
-    step_.kind = StepKind::kCheckState;
-    step_.controlState = *state;
-    return Expect(3, "check NAME STATE");
-  }
-
-  std::string CheckNode() {
-    if (!Has(3)) return "expected: check node KEY selected|present|absent, or check node KEY text TEXT";
-    step_.target = Text(2);
-    if (Bare(3) == "text") {
-      if (!Has(4)) return "expected: check node KEY text TEXT";
-      step_.kind = StepKind::kCheckNodeText;
-      step_.text = Text(4);
-      return Expect(5, "check node KEY text TEXT");
-    }
-    const std::optional<NodeState> state = NodeStateOf(Bare(3));
-    if (!state) return "unknown node state '" + words_[3].text + "' (selected, present, absent)";
-    step_.kind = StepKind::kCheckNodeState;
-    step_.nodeState = *state;
-    return Expect(4, "check node KEY STATE");
-  }
-
-  const std::vector<Word>& words_;
-  Step& step_;
-};
+  return usages.empty() ? "unknown step '" + words[0].text + "'" : usages;
+}
 
 }  // namespace
 
@@ -314,7 +255,7 @@ ParsedScript ParseScript(std::string_view text) {
     Step step;
     step.line = lineNumber;
     step.source = std::string(Trimmed(line));
-    why = LineReader(words, step).Read();
+    why = Read(words, step);
     if (!why.empty()) {
       script.errors.push_back("line " + std::to_string(lineNumber) + ": " + why);
       continue;

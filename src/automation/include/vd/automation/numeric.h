@@ -24,9 +24,18 @@ double Val(StringView text);
 // same value (as a Double, or as a Single for the float overload), no leading
 // blank, "-" for negatives, "0" for either zero. Exponent form with at least
 // two exponent digits ("1E+15", "1.5E-07", "1E+100") from 1E+15 up (Single:
-// 1E+07) and below 1E-04; infinities and NaN read "Inf", "-Inf", "NaN".
+// 1E+07) and below 1E-04; infinities and NaN read "Inf", "-Inf", "NaN". The
+// decimal point is DecimalSeparator(), so that the text reads back with the
+// current number syntax.
 String FormatGeneral(double value);
 String FormatGeneral(float value);
+
+// The decimal separator the general number format writes: "." unless the
+// platform sets the one its number syntax reads (on Windows the user locale's,
+// see number_parser_win32.h). An empty text restores ".". Not thread-safe: set
+// it once at start-up, together with the number parser.
+void SetDecimalSeparator(String separator);
+[[nodiscard]] const String& DecimalSeparator();
 
 // Whether the text reads as a number under the current number syntax (see
 // ParseNumber). A number beyond Double's range is not numeric.

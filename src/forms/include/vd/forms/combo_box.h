@@ -4,7 +4,8 @@
 // text). Assigning a different ListIndex sets the text to that entry (-1: empty)
 // and raises Click. On an editable combo, assigning a different Text raises
 // Change and leaves no entry selected (ListIndex -1), as typing does; on a
-// drop-down list, Text can only name an entry, which it selects.
+// drop-down list, Text can only name an entry, which it selects. A user's pick
+// from the open list raises Click also when the entry picked is the one shown.
 #include <cstdint>
 #include <optional>
 #include <vector>
@@ -56,10 +57,14 @@ class ComboBox : public Control {
   std::function<void()> onDropDown;
 
   // The user opens the list (DropDown) and picks an entry of the list as it is
-  // after DropDown: the focus comes here, then ListIndex changes (Click). False
-  // when no such entry exists.
+  // after DropDown (UserChoose). False when no such entry exists.
   bool UserPick(int32_t index);
   bool UserPick(StringView entryText);
+  // The user ends a pick in the list already open on entry index: the focus
+  // comes here, then Click, through the changed ListIndex or, for the entry
+  // already shown, on its own. False when no such entry exists or the combo
+  // cannot be used.
+  bool UserChoose(int32_t index);
   // The user opens the list and closes it without picking.
   bool UserDropDown();
   // Typing into the text of an editable combo (false on a drop-down list); as TextBox.
