@@ -75,7 +75,9 @@ fi
 
 robot=
 if [[ $file == *.robot ]]; then
-  (cd "$bin" && timeout 300 "$WINE" vd_robot.exe --log "$(wine_winpath "$work/robot.log")" \
+  # The robot runs in the host's environment too: Wine writes the user locale's
+  # settings to the registry at each program's start, so both must agree.
+  (cd "$bin" && exec env "${envs[@]}" timeout 300 "$WINE" vd_robot.exe --log "$(wine_winpath "$work/robot.log")" \
     "$(wine_winpath "$file")" </dev/null >/dev/null 2>&1) &
   robot=$!
 fi

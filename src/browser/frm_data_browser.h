@@ -194,6 +194,8 @@ class frmDataBrowser : public forms::Form {
   void BuildDsNodes();
   void RebuildAllDsvNodes();
   void RebuildDsvNodes(int16_t dsIndex, std::optional<int16_t> selectIndex = std::nullopt);
+  void AddDsvNodes(const forms::NodeRef& dsNode, int16_t dsIndex, const toolkit::DsvListRef& vars, int16_t count,
+                   std::optional<int16_t> selectIndex);
   int16_t GetCurrentDsIndex();
 
   // --- Selection filter and preselection (browser/selection_filter.cpp) ---
@@ -332,6 +334,22 @@ class frmDataBrowser : public forms::Form {
   void cmdTelvaneDsvValidate_Click();
   void lblObjectReference_Click();
 
+  // The data-change script file of a generic signal (scada/script_files.cpp).
+  // The combo lists the two commands, then the application's script files.
+  void FillKorlFileList(const toolkit::DsvRef& dsv, const String& storedFile);
+  void cmbKorlFileSelect_Click();
+  void cmbKorlFileSelect_Change();
+  void CreateNewKorlFile();
+  void EditSelectedKorlFile();
+  // Copies a template to file, or writes the default text.
+  void CreateKorlFile(const String& file, const String& applicationPath);
+  // Opens file in program with the dialog disabled until the program ends,
+  // then tells the SCADA system that the file changed.
+  void EditFileAndWait(const String& program, const String& file);
+
+  // The rescan of item offsets (scada/rescan.cpp).
+  void Command1_Click();
+
   // --- State ---
   platform::Services& services;
 
@@ -378,6 +396,9 @@ class frmDataBrowser : public forms::Form {
   bool LoadingApplications = false;
   // The signal type the mapping frame was filled with; kept when it has no list entry.
   int32_t FilledSignalType = 0;
+  // The script file the combo stands for: the stored one, or the one typed or
+  // chosen since; what the combo shows again after a command entry.
+  String KorlFileName;
 };
 
 }  // namespace vd::browser

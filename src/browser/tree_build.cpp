@@ -7,6 +7,10 @@
 #include "browser/frm_data_browser.h"
 #include "browser/object_access.h"
 
+#include <algorithm>
+#include <utility>
+#include <vector>
+
 namespace vd::browser {
 
 using automation::ToDecimal;
@@ -66,7 +70,25 @@ void frmDataBrowser::BuildDsNodes() {
 }
 
 void frmDataBrowser::RebuildAllDsvNodes() {
-  for (int32_t i = 1; i <= dsNodeCount; ++i) RebuildDsvNodes(static_cast<int16_t>(i));
+  // Every data source's variable list and count first, so that the tree makes
+  // room for all its nodes at once; each is read only here.
+  std::vector<std::pair<toolkit::DsvListRef, int16_t>> lists;
+  lists.reserve(static_cast<size_t>(std::max(dsNodeCount, int16_t{0})));
+  int32_t total = treDataSources.Nodes().Count();
+  for (int32_t i = 1; i <= dsNodeCount; ++i) {
+    toolkit::DsvListRef vars = Obj(Obj(dsList).DsItem(i)).GetDsVars();
+    const int16_t count = ToInteger(Obj(vars).DsvCount());
+    total += count;
+    lists.emplace_back(std::move(vars), count);
+  }
+  treDataSources.Nodes().Reserve(total);
+  for (int32_t i = 1; i <= dsNodeCount; ++i) {
+    const auto dsIndex = static_cast<int16_t>(i);
+    const forms::NodeRef dsNode = treDataSources.Nodes().Item(dsIndex);
+    dsNode->SetSorted(false);  // a new node has no children to remove
+    const auto& [vars, count] = lists[static_cast<size_t>(i) - 1];
+    AddDsvNodes(dsNode, dsIndex, vars, count, std::nullopt);
+  }
 }
 
 void frmDataBrowser::RebuildDsvNodes(int16_t dsIndex, std::optional<int16_t> selectIndex) {
@@ -86,6 +108,12 @@ void frmDataBrowser::RebuildDsvNodes(int16_t dsIndex, std::optional<int16_t> sel
 
   const toolkit::DsvListRef vars = Obj(Obj(dsList).DsItem(dsIndex)).GetDsVars();
   const int16_t count = ToInteger(Obj(vars).DsvCount());
+  AddDsvNodes(dsNode, dsIndex, vars, count, selectIndex);
+}
+
+void frmDataBrowser::AddDsvNodes(const forms::NodeRef& dsNode, int16_t dsIndex, const toolkit::DsvListRef& vars,
+                                 int16_t count, std::optional<int16_t> selectIndex) {
+  forms::Nodes& nodes = treDataSources.Nodes();
   if (count == 0) {
     FillDsPanel();
     return;

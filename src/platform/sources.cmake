@@ -7,4 +7,5 @@ list(APPEND VD_FOLDER_SOURCES
   ds_kinds_file.cpp
   dv_reg.cpp
   native_path.cpp
-  std_file_service.cpp)
+  std_file_service.cpp
+  std_file_system.cpp)

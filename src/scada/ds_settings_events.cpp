@@ -21,6 +21,7 @@ void frmDataBrowser::WireScadaEvents() {
   cboTelvaneApplication.onChange = [this] { cboTelvaneApplication_Change(); };
   cboTelvaneApplication.onDropDown = [this] { cboTelvaneApplication_DropDown(); };
   cmdTelvaneDsApply.onClick = [this] { cmdTelvaneDsApply_Click(); };
+  Command1.onClick = [this] { Command1_Click(); };
 
   txtTelvaneObjectReference.onChange = [this] {
     if (!PanelFilling) UpdateTelvaneDsvButtons(false);
@@ -28,9 +29,8 @@ void frmDataBrowser::WireScadaEvents() {
   txtTelvaneObjectReference.onLostFocus = [this] {
     if (!PanelFilling) UpdateTelvaneDsvButtons(true);
   };
-  cmbKorlFileSelect.onChange = [this] {
-    if (!PanelFilling) UpdateTelvaneDsvButtons(false);
-  };
+  cmbKorlFileSelect.onChange = [this] { cmbKorlFileSelect_Change(); };
+  cmbKorlFileSelect.onClick = [this] { cmbKorlFileSelect_Click(); };
   cmbKorlFileSelect.onLostFocus = [this] {
     if (!PanelFilling) UpdateTelvaneDsvButtons(true);
   };

@@ -146,7 +146,7 @@ void frmDataBrowser::FillTelvaneDsvPanel(const toolkit::DsvRef& dsv) {
   const String varInfo = automation::CStr(ParamValue(params, kVarInfoParam));
   txtVarInfo.SetText(varInfo);
   txtVarInfo.SetTag(varInfo);
-  cmbKorlFileSelect.SetText(automation::CStr(ParamValue(params, kScriptFileParam)));
+  FillKorlFileList(dsv, automation::CStr(ParamValue(params, kScriptFileParam)));
   ShowSignalTypeControls();
   UpdateTelvaneDsvButtons(false);
   PanelFilling = false;

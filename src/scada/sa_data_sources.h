@@ -34,4 +34,24 @@ void EnsureParamCount(const toolkit::ParamListRef& list, int16_t count);
 // The same on a data source's list, fetched afresh on every pass.
 void EnsureDsParamCount(const toolkit::DsRef& ds, int16_t count);
 
+// --- The rescan of item offsets (sa_offsets.cpp) ---
+
+// The control object that every offsets request addresses.
+inline constexpr char16_t kOffsetsControlObject[] = u"BGU_CONTROL:CCP";
+// The offsets text stored for an answer without offsets.
+inline constexpr char16_t kNoOffsets[] = u"0,0,0";
+// Runs one KORL request in application applicationNr: 0 when it came back, 1
+// when the call raised (or there is no object), with result as far as the
+// call left it. Never raises.
+int16_t RunKorlRequestInApp(const toolkit::CommunicationRef& comm, int16_t applicationNr, const String& request,
+                            Variant& result) noexcept;
+// #return do(BGU_CONTROL:CCP, ("<name>",<index>),"GET_OFFSETS")
+String OffsetsRequest(const String& objectName, int32_t index);
+// Asks the SCADA system for the offsets of a status colour variable (signal
+// type 1) and stores them as its parameter 4; grows every variable's list to
+// 4 entries first. Nothing at all without an object. An item id that does
+// not name an application, an object and a numeric index raises; what fails
+// after that (the request, storing the answer) only ends this variable.
+void UpdateDsvOffsets(const toolkit::CommunicationRef& comm, const toolkit::DsvRef& dsv);
+
 }  // namespace vd::scada::modSADataSources

@@ -3,6 +3,7 @@
 #include <string>
 
 #include "dialog_test.h"
+#include "views/control_lookup.h"
 #include "views/cursors.h"
 #include "views/input_box.h"
 #include "views/wide_text.h"
@@ -69,7 +70,7 @@ TEST_P(InputBoxTest, AnswersTheTextOrNothing) {
   HWND box = nullptr;
   form.applyAction = [&] { answer = ui.InputBox(u"New name of the data source:", u"Rename", u"Plant"); };
   script.Then("click", [&] { PostClick(Win(form.cmdApply)); })
-      .WaitFor("the input box", [&] { return (box = FindOwnedDialog(script.Dialog())) != nullptr; })
+      .WaitFor("the input box", [&] { return (box = FindFormWindow(kInputBoxFormName)) != nullptr; })
       .Then("type and press",
             [&] {
               EXPECT_EQ(Narrow(WindowText(box)), "Rename");

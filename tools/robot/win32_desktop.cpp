@@ -33,6 +33,7 @@ enum class Stage {
   kDropping,    // a list is being dropped down
   kPicking,     // an entry of the list is being picked
   kBoxClosing,  // a message box is being answered
+  kClosing,     // another program's window is asked to close
 };
 
 struct Win32Desktop::Progress {
@@ -72,6 +73,12 @@ HWND TypingWindow(HWND control) {
   if (IsClass(control, L"Edit")) return control;
   if (IsClass(control, L"ComboBox")) return ChildOfClass(control, L"Edit");
   return nullptr;
+}
+
+// A visible top-level window of this class, of any program.
+HWND OtherWindow(const vd::robot::String& className) {
+  const HWND window = FindWindowW(Wide(className), nullptr);
+  return window != nullptr && IsWindowVisible(window) ? window : nullptr;
 }
 
 }  // namespace
@@ -115,6 +122,8 @@ Look Win32Desktop::ReadyToAct(const Step& step) {
     case StepKind::kWaitGone:
       if (form_ == nullptr) return Never("no form was awaited");
       return !IsWindow(form_) || !IsWindowVisible(form_) ? Holds() : NotYet("the form is still shown");
+    case StepKind::kCloseWindow:
+      return OtherWindow(step.target) != nullptr ? Holds() : NotYet("no window of class " + Utf8(step.target));
     case StepKind::kAnswer: {
       if (form_ == nullptr) return Never("no form yet: a 'wait form' step comes first");
       return Box() != nullptr ? Holds() : NotYet("no message box");
@@ -172,6 +181,12 @@ ActResult Win32Desktop::Act(const Step& step) {
       break;
     case StepKind::kWaitGone:
       progress_.reset();
+      break;
+    case StepKind::kCloseWindow:
+      progress.control = OtherWindow(step.target);
+      if (progress.control == nullptr || !PostMessageW(progress.control, WM_CLOSE, 0, 0))
+        return {ActOutcome::kFailed, "the window cannot be asked to close"};
+      progress.stage = Stage::kClosing;
       break;
     case StepKind::kClose:
       // What the close box of the caption sends.
@@ -278,6 +293,9 @@ Look Win32Desktop::Advance(const Step& step) {
           return Never("the node did not become the selected one (selected: " + Quoted(Utf8(selected)) + ")");
       }
       return Holds();
+
+    case Stage::kClosing:
+      return IsWindow(progress.control) ? NotYet("the window is still there") : Holds();
 
     case Stage::kSending:
       if (Interrupted()) return Holds();

@@ -85,8 +85,7 @@ bool Node::IsTopLevel() const { return parent_ == tree_->nodes_.root_.get(); }
 
 int32_t Node::Index() const {
   CheckLive();
-  tree_->nodes_.CompactThrough(slot_);
-  return static_cast<int32_t>(slot_ + 1);
+  return tree_->nodes_.IndexOf(*this);
 }
 
 const String& Node::Key() const {

@@ -1,5 +1,7 @@
 #include "vd/forms/detail/node_key_index.h"
 
+#include <algorithm>
+
 #include "vd/automation/text.h"
 #include "vd/forms/node.h"
 
@@ -49,57 +51,90 @@ uint32_t NodeKeyIndex::Hash(StringView key) {
   return Finish(h);
 }
 
+const Node& NodeKeyIndex::NodeAt(const Entry& entry) const { return *(*nodes_)[entry.place - 1]; }
+
 Node* NodeKeyIndex::Find(StringView key, uint32_t hash) const {
   if (size_ == 0) return nullptr;
-  for (size_t i = hash & Mask(); slots_[i].node != nullptr; i = (i + 1) & Mask()) {
-    if (slots_[i].hash == hash && SameKey(slots_[i].node->key_, key)) return slots_[i].node;
+  for (size_t i = hash & Mask(); entries_[i].place != 0; i = (i + 1) & Mask()) {
+    if (entries_[i].hash == hash && SameKey(NodeAt(entries_[i]).key_, key)) {
+      return (*nodes_)[entries_[i].place - 1].get();
+    }
   }
   return nullptr;
 }
 
-void NodeKeyIndex::Insert(Node* node, uint32_t hash) {
-  // At most half full: a probe for a key that is not there (every Add makes
-  // one) then ends after two or three slots on average.
-  if ((size_ + 1) * 2 > slots_.size()) Grow();
+Node* NodeKeyIndex::FindForInsert(StringView key, uint32_t hash, size_t& at) {
+  // At most four fifths full, eight bytes an entry: a probe for a key that is
+  // not there (every Add makes one) mostly stays within a cache line or two.
+  Reserve(size_ + 1);
   size_t i = hash & Mask();
-  while (slots_[i].node != nullptr) i = (i + 1) & Mask();
-  slots_[i] = Slot{node, hash};
+  for (; entries_[i].place != 0; i = (i + 1) & Mask()) {
+    if (entries_[i].hash == hash && SameKey(NodeAt(entries_[i]).key_, key)) {
+      return (*nodes_)[entries_[i].place - 1].get();
+    }
+  }
+  at = i;
+  return nullptr;
+}
+
+void NodeKeyIndex::InsertAt(size_t at, const Node& node, uint32_t hash) {
+  entries_[at] = Entry{hash, static_cast<uint32_t>(node.slot_ + 1)};
   ++size_;
 }
 
-void NodeKeyIndex::Erase(const Node* node) {
+void NodeKeyIndex::Erase(const Node& node) {
   if (size_ == 0) return;
-  size_t i = Hash(node->key_) & Mask();
-  while (slots_[i].node != node) {
-    if (slots_[i].node == nullptr) return;
+  const auto place = static_cast<uint32_t>(node.slot_ + 1);
+  size_t i = Hash(node.key_) & Mask();
+  while (entries_[i].place != place) {
+    if (entries_[i].place == 0) return;
     i = (i + 1) & Mask();
   }
   // Shift later members of the probe run back so that no run has a hole.
-  for (size_t j = (i + 1) & Mask(); slots_[j].node != nullptr; j = (j + 1) & Mask()) {
-    const size_t home = slots_[j].hash & Mask();
+  for (size_t j = (i + 1) & Mask(); entries_[j].place != 0; j = (j + 1) & Mask()) {
+    const size_t home = entries_[j].hash & Mask();
     const bool staysPut = i <= j ? (i < home && home <= j) : (i < home || home <= j);
     if (!staysPut) {
-      slots_[i] = slots_[j];
+      entries_[i] = entries_[j];
       i = j;
     }
   }
-  slots_[i] = Slot{};
+  entries_[i] = Entry{};
   --size_;
 }
 
 void NodeKeyIndex::Clear() {
-  slots_.clear();
+  // Keeps its size: a tree that is cleared is most often built again as large.
+  std::fill(entries_.begin(), entries_.end(), Entry{});
   size_ = 0;
 }
 
-void NodeKeyIndex::Grow() {
-  std::vector<Slot> old = std::move(slots_);
-  slots_.assign(old.empty() ? 16 : old.size() * 2, Slot{});
-  for (const Slot& slot : old) {
-    if (slot.node == nullptr) continue;
-    size_t i = slot.hash & Mask();
-    while (slots_[i].node != nullptr) i = (i + 1) & Mask();
-    slots_[i] = slot;
+void NodeKeyIndex::Reserve(size_t keys) {
+  if (Fits(keys)) return;
+  size_t count = entries_.empty() ? 16 : entries_.size();
+  while (keys * 5 > count * 4) count *= 2;
+  Rehash(count);
+}
+
+void NodeKeyIndex::Rebuild() {
+  std::fill(entries_.begin(), entries_.end(), Entry{});
+  size_ = 0;
+  for (const auto& node : *nodes_) {
+    if (!node || node->key_.empty()) continue;
+    const uint32_t hash = Hash(node->key_);
+    size_t at = 0;
+    if (FindForInsert(node->key_, hash, at) == nullptr) InsertAt(at, *node, hash);
+  }
+}
+
+void NodeKeyIndex::Rehash(size_t entryCount) {
+  std::vector<Entry> old = std::move(entries_);
+  entries_.assign(entryCount, Entry{});
+  for (const Entry& entry : old) {
+    if (entry.place == 0) continue;
+    size_t i = entry.hash & Mask();
+    while (entries_[i].place != 0) i = (i + 1) & Mask();
+    entries_[i] = entry;
   }
 }
 

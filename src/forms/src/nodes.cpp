@@ -1,7 +1,6 @@
 #include "vd/forms/nodes.h"
 
 #include <algorithm>
-#include <limits>
 
 #include "node_links.h"
 #include "vd/automation/conversions.h"
@@ -14,7 +13,8 @@ using vd::automation::Raise;
 namespace aerr = vd::automation::err;
 }  // namespace
 
-Nodes::Nodes(TreeView& tree) : tree_(&tree), root_(std::make_shared<Node>(Node::Token{}, &tree, String(), String())) {
+Nodes::Nodes(TreeView& tree)
+    : tree_(&tree), root_(std::make_shared<Node>(Node::Token{}, &tree, String(), String())), keys_(slots_) {
   root_->expanded_ = true;
 }
 
@@ -52,8 +52,11 @@ Node* Nodes::Resolve(const NodeRelative& relative) const {
     case NodeRelative::Kind::kNone:
       return nullptr;
     case NodeRelative::Kind::kKey: {
+      // Children are mostly added one after the other under the same parent.
+      if (lastRelative_ != nullptr && lastRelative_->key_ == relative.key_) return const_cast<Node*>(lastRelative_);
       Node* node = keys_.Find(relative.key_);
       if (node == nullptr) Raise(aerr::kTreeElementNotFound);
+      lastRelative_ = node;
       return node;
     }
     case NodeRelative::Kind::kIndex:
@@ -67,30 +70,82 @@ Node* Nodes::Resolve(const NodeRelative& relative) const {
 
 Node* Nodes::At(int32_t index) const {
   if (index < 1 || index > live_) Raise(aerr::kTreeIndexOutOfBounds);
-  const auto slot = static_cast<size_t>(index - 1);
-  CompactThrough(slot);
-  return slots_[slot].get();
+  if (gaps_ == 0) return slots_[static_cast<size_t>(index) - 1].get();
+  // Descend the Fenwick tree to the slot that holds the index-th node.
+  size_t pos = 0;
+  int32_t rest = index;
+  size_t step = 1;
+  while (step * 2 <= counts_.size()) step *= 2;
+  for (; step > 0; step /= 2) {
+    if (pos + step <= counts_.size() && counts_[pos + step - 1] < rest) {
+      pos += step;
+      rest -= counts_[pos - 1];
+    }
+  }
+  return slots_[pos].get();
 }
 
-void Nodes::CompactThrough(size_t slot) const {
-  if (slot < compactPrefix_) return;
-  size_t write = compactPrefix_;
-  for (size_t read = compactPrefix_; read < slots_.size(); ++read) {
+int32_t Nodes::IndexOf(const Node& node) const {
+  if (gaps_ == 0) return static_cast<int32_t>(node.slot_) + 1;
+  int32_t index = 0;
+  for (size_t pos = node.slot_ + 1; pos > 0; pos &= pos - 1) index += counts_[pos - 1];
+  return index;
+}
+
+void Nodes::AppendSlot(NodeRef node) {
+  // The new entry covers the slots (pos - lowbit(pos), pos]: its own 1 and the
+  // entries of its Fenwick children pos - 1, pos - 2, pos - 4, ...
+  const size_t pos = slots_.size() + 1;
+  const size_t lowBit = pos & (~pos + 1);
+  int32_t count = 1;
+  for (size_t step = 1; step < lowBit; step *= 2) count += counts_[pos - step - 1];
+  node->slot_ = slots_.size();
+  slots_.push_back(std::move(node));
+  counts_.push_back(count);
+}
+
+void Nodes::VacateSlot(size_t slot) {
+  doomed_.push_back(std::move(slots_[slot]));
+  ++gaps_;
+  for (size_t pos = slot + 1; pos <= counts_.size(); pos += pos & (~pos + 1)) --counts_[pos - 1];
+}
+
+void Nodes::Compact() {
+  size_t write = 0;
+  for (size_t read = 0; read < slots_.size(); ++read) {
     if (!slots_[read]) continue;
     if (write != read) slots_[write] = std::move(slots_[read]);
     slots_[write]->slot_ = write;
     ++write;
   }
   slots_.resize(write);
-  compactPrefix_ = write;
+  counts_.assign(write, 1);
+  for (size_t pos = 1; pos <= write; ++pos) {
+    const size_t up = pos + (pos & (~pos + 1));
+    if (up <= write) counts_[up - 1] += counts_[pos - 1];
+  }
+  gaps_ = 0;
+  keys_.Rebuild();  // it names nodes by their slots
+}
+
+void Nodes::Reserve(int32_t count) {
+  if (count <= 0) return;
+  const auto wanted = static_cast<size_t>(count);
+  keys_.Reserve(wanted);
+  // Gaps take slots until they are closed.
+  if (wanted + gaps_ > slots_.capacity()) {
+    slots_.reserve(wanted + gaps_);
+    counts_.reserve(wanted + gaps_);
+  }
 }
 
 NodeRef Nodes::Add(const NodeRelative& relative, int32_t relationship, StringView key, StringView text, int32_t image,
                    int32_t selectedImage) {
   Node* rel = Resolve(relative);
   if (relationship < tvwFirst || relationship > tvwChild) Raise(aerr::kInvalidProcedureCall);
-  const uint32_t keyHash = detail::NodeKeyIndex::Hash(key);
-  if (!key.empty() && keys_.Find(key, keyHash) != nullptr) Raise(aerr::kTreeKeyNotUnique);
+  const uint32_t keyHash = key.empty() ? 0 : detail::NodeKeyIndex::Hash(key);
+  size_t keySlot = 0;
+  if (!key.empty() && keys_.FindForInsert(key, keyHash, keySlot) != nullptr) Raise(aerr::kTreeKeyNotUnique);
   tree_->CheckImage(image);
   tree_->CheckImage(selectedImage);
 
@@ -117,16 +172,19 @@ NodeRef Nodes::Add(const NodeRelative& relative, int32_t relationship, StringVie
   }
   if (parent->sorted_) after = detail::SortedPlace(*parent, text);
 
-  auto node = std::make_shared<Node>(Node::Token{}, tree_, key, text);
+  if (slots_.size() == slots_.capacity()) {
+    slots_.reserve(slots_.size() * 2 + 16);
+    counts_.reserve(slots_.capacity());
+  }
+  auto node = std::allocate_shared<Node>(detail::NodeAllocator<Node>(pool_), Node::Token{}, tree_, key, text);
   node->image_ = image;
   node->selectedImage_ = selectedImage;
   detail::LinkAfter(*parent, after, *node);
-  node->slot_ = slots_.size();
-  if (compactPrefix_ == slots_.size()) ++compactPrefix_;
-  slots_.push_back(node);
-  if (!key.empty()) keys_.Insert(node.get(), keyHash);
+  Node* added = node.get();
+  AppendSlot(node);
+  if (!key.empty()) keys_.InsertAt(keySlot, *added, keyHash);
   ++live_;
-  tree_->ReportNode(Property::kNodeAdded, node.get());
+  tree_->ReportNode(Property::kNodeAdded, added);
   return node;
 }
 
@@ -171,12 +229,11 @@ void Nodes::RemoveNode(Node* node) {
   detail::Unlink(*node);
 
   // Walk the subtree in pre-order, taking every node out of the slots and keys.
-  size_t lowestSlot = std::numeric_limits<size_t>::max();
+  lastRelative_ = nullptr;
   doomed_.clear();
   for (Node* n = node; n != nullptr;) {
-    if (!n->key_.empty()) keys_.Erase(n);
-    lowestSlot = std::min(lowestSlot, n->slot_);
-    doomed_.push_back(std::move(slots_[n->slot_]));
+    if (!n->key_.empty()) keys_.Erase(*n);
+    VacateSlot(n->slot_);
     if (n->firstChild_ != nullptr) {
       n = n->firstChild_;
       continue;
@@ -190,8 +247,14 @@ void Nodes::RemoveNode(Node* node) {
     gone->childCount_ = 0;
   }
   live_ -= static_cast<int32_t>(doomed_.size());
-  while (!slots_.empty() && !slots_.back()) slots_.pop_back();
-  compactPrefix_ = std::min({compactPrefix_, lowestSlot, slots_.size()});
+  // Gaps at the end go at once (what is left of the Fenwick tree still counts
+  // right); the rest once they are as many as the nodes.
+  while (!slots_.empty() && !slots_.back()) {
+    slots_.pop_back();
+    counts_.pop_back();
+    --gaps_;
+  }
+  if (gaps_ > static_cast<size_t>(live_)) Compact();
   doomed_.clear();
 
   if (selectionGoes) {
@@ -208,9 +271,11 @@ void Nodes::Clear() {
     node->childCount_ = 0;
   }
   slots_.clear();
-  compactPrefix_ = 0;
+  counts_.clear();
+  gaps_ = 0;
   live_ = 0;
   keys_.Clear();
+  lastRelative_ = nullptr;
   root_->firstChild_ = root_->lastChild_ = nullptr;
   root_->childCount_ = 0;
   tree_->ReportNode(Property::kNodesCleared, nullptr);

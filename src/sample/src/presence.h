@@ -17,8 +17,10 @@ class Presence {
   void MarkRemoved() { removed_ = true; }
 
   // Error 5 with the description when the object is gone.
-  void Check(const automation::String& description) const {
-    if (Gone()) automation::Raise(automation::err::kInvalidProcedureCall, description);
+  // The description is made into a String only when it is raised: every read
+  // of the display checks presence.
+  void Check(const char16_t* description) const {
+    if (Gone()) automation::Raise(automation::err::kInvalidProcedureCall, automation::String(description));
   }
 
  private:

@@ -368,8 +368,17 @@ class Reader {
         object.attributes.push_back(ScadaAttribute{Utf16(name), AttributeValue(value, Child(attrsPath, name), true)});
       }
     }
-    if (const json* offsets = Optional(item, "offsets"))
-      object.offsets = Utf16(TextAt(*offsets, Child(path, "offsets")));
+    if (const json* offsets = Optional(item, "offsets")) {
+      const JsonPath offsetsPath = Child(path, "offsets");
+      if (offsets->is_boolean() && !offsets->get<bool>()) {
+        object.offsetsFail = true;
+      } else if (offsets->is_number()) {
+        object.offsetsStatus =
+            WholeAt(*offsets, offsetsPath, std::numeric_limits<int32_t>::min(), std::numeric_limits<int32_t>::max());
+      } else {
+        object.offsets = Utf16(TextAt(*offsets, offsetsPath));
+      }
+    }
     Guard(path, [&] { scada.AddObject(std::move(object)); });
   }
 

@@ -111,6 +111,8 @@ ordered_json ScadaJson(const SimulatedScada& scada, const fs::path& baseDirector
     for (const auto& attribute : object.attributes) attributes[Utf8(attribute.name)] = ValueJson(attribute.value);
     item["attributes"] = std::move(attributes);
     if (object.offsets) item["offsets"] = Utf8(*object.offsets);
+    if (object.offsetsStatus) item["offsets"] = *object.offsetsStatus;
+    if (object.offsetsFail) item["offsets"] = false;
     objects.push_back(std::move(item));
   }
   section["objects"] = std::move(objects);

@@ -94,7 +94,10 @@ Variant SimulatedScada::Run(int32_t application, const String& request) const {
 Variant SimulatedScada::Offsets(int32_t application, const String& name, int32_t index) const {
   auto found = offsetsIndex_.find(OffsetsKey{application, UCase(name), index});
   if (found == offsetsIndex_.end()) return Variant(kOffsetsUnknownObject);
-  return Variant(objects_[found->second].offsets.value_or(String()));
+  const ScadaObject& object = objects_[found->second];
+  if (object.offsetsFail) Raise(scada_err::kInjectedFault, u"The offsets of " + object.name + u" cannot be read");
+  if (object.offsetsStatus) return Variant(*object.offsetsStatus);
+  return Variant(object.offsets.value_or(String()));
 }
 
 const ScadaApplication& SimulatedScada::Application(int32_t number) const {
@@ -162,6 +165,15 @@ void SimulatedScada::SetAttribute(int32_t application, const String& name, char1
 void SimulatedScada::SetCurrentApplication(int32_t number) {
   chosenCurrent_ = number;
   current_ = number;
+}
+
+void SimulatedScada::SetApplicationDirectory(int32_t number, String directory) {
+  auto found = std::find_if(applications_.begin(), applications_.end(),
+                            [number](const ScadaApplication& a) { return a.number == number; });
+  if (found == applications_.end()) {
+    Raise(automation::err::kInvalidProcedureCall, u"Application " + ToDecimal(number) + u" does not exist");
+  }
+  found->directory = std::move(directory);
 }
 
 void SimulatedScada::SetAnswer(const String& request, Variant answer) { answers_[request] = std::move(answer); }

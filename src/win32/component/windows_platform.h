@@ -7,8 +7,10 @@
 // Automation's own number parsing with the user's locale.
 #include "platform/services.h"
 #include "platform/std_file_service.h"
+#include "platform/std_file_system.h"
 #include "views/win32_modal_host.h"
 #include "views/win32_ui_services.h"
+#include "win32/services/windows_processes.h"
 #include "win32/services/windows_registry.h"
 
 namespace vd::win32 {
@@ -28,8 +30,12 @@ class WindowsPlatform {
   views::Win32UiServices ui_{modalHost_};
   services::WindowsRegistry registry_;
   platform::StdFileService files_;
+  platform::StdFileSystem fileSystem_;
+  // The editor's wait serves the dialog's modal loop.
+  services::WindowsProcesses processes_{[this] { modalHost_.PumpPending(); }};
   // Every service the system asks for, by reference to the members above.
-  platform::Services services_{.ui = ui_, .registry = registry_, .files = files_};
+  platform::Services services_{
+      .ui = ui_, .registry = registry_, .files = files_, .fileSystem = &fileSystem_, .processes = &processes_};
 };
 
 // The process's platform, built at the first call.

@@ -6,9 +6,14 @@
 //   selected: <data source> / <variable>      (selection runs; "none" after Close)
 //   modified: yes|no
 // With VD_DEMO_AUDIT=1 in its environment it also prints what the run did to
-// the display and asked of the SCADA system:
+// the display and asked of the SCADA system (the application path requests,
+// which only read, on a line of their own):
 //   display: unchanged|changed
 //   scada calls: none|<operation>, ...
+//   scada path requests: <count>               (when there were any)
+// With VD_DEMO_SCRATCH=1 the SCADA applications' directories are copied to a
+// fresh folder under the temporary directory first, so that script files
+// created in the run do not land in the sample's folder.
 #include <windows.h>
 
 #include <objbase.h>
@@ -101,18 +106,45 @@ void PrintAudit(const vd::sample::SampleDisplay& sample, const std::filesystem::
                 const std::string& before) {
   Print(std::string("display: ") + (vd::sample::WriteDisplayJson(sample, folder) == before ? "unchanged" : "changed"));
   std::string calls;
+  int pathRequests = 0;
   if (sample.scada) {
     for (const vd::sample::ScadaCallRecord& record : sample.scada->Calls()) {
+      if (record.call == vd::sample::ScadaCall::kExecuteKorl && record.text.starts_with(u"@path1=path(")) {
+        ++pathRequests;
+        continue;
+      }
       calls += (calls.empty() ? "" : ", ") + std::string(CallName(record.call));
     }
   }
   Print("scada calls: " + (calls.empty() ? std::string("none") : calls));
+  if (pathRequests > 0) Print("scada path requests: " + std::to_string(pathRequests));
+}
+
+// Copies every application's directory to <temp>\vd_demo_apl\<name> and moves the application there.
+void UseScratchDirectories(vd::sample::SimulatedScada& scada) {
+  namespace fs = std::filesystem;
+  const fs::path scratch = fs::temp_directory_path() / "vd_demo_apl";
+  fs::remove_all(scratch);
+  const std::vector<vd::sample::ScadaApplication> applications = scada.Applications();
+  for (const vd::sample::ScadaApplication& application : applications) {
+    const fs::path copy = scratch / fs::path(application.name);
+    fs::create_directories(copy);
+    if (fs::is_directory(fs::path(application.directory))) {
+      fs::copy(fs::path(application.directory), copy, fs::copy_options::recursive);
+    }
+    scada.SetApplicationDirectory(application.number, copy.u16string());
+  }
+}
+
+bool EnvironmentSays(const char* name) {
+  const char* setting = std::getenv(name);
+  return setting != nullptr && std::string(setting) == "1";
 }
 
 int Run(const vd::win32::demo::DemoOptions& options) {
   const vd::sample::SampleDisplay sample = vd::sample::LoadDisplayFile(options.displayFile);
-  const char* auditSetting = std::getenv("VD_DEMO_AUDIT");
-  const bool audit = auditSetting != nullptr && std::string(auditSetting) == "1";
+  if (sample.scada && EnvironmentSays("VD_DEMO_SCRATCH")) UseScratchDirectories(*sample.scada);
+  const bool audit = EnvironmentSays("VD_DEMO_AUDIT");
   const std::filesystem::path folder = std::filesystem::path(options.displayFile).parent_path();
   const std::string before = audit ? vd::sample::WriteDisplayJson(sample, folder) : std::string();
   const ComPtr<IDispatch> display = vd::win32::ExposeObject(sample.display);

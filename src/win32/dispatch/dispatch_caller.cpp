@@ -1,5 +1,8 @@
 #include "dispatch/dispatch_caller.h"
 
+#include <array>
+#include <vector>
+
 #include "convert/error_convert.h"
 #include "convert/variant_convert.h"
 
@@ -23,11 +26,18 @@ bool DispatchCaller::Has(automation::StringView name) { return ids_->Find(dispat
 UniqueVariant DispatchCaller::Call(automation::StringView name, std::span<const CallArg> args) {
   std::optional<DISPID> id = ids_->Find(dispatch_.Get(), name);
   if (!id) automation::Raise(automation::err::kMethodNotSupported);
-  // DISPPARAMS lists the arguments last to first; the VARIANTs stay owned by args.
-  std::vector<VARIANT> reversed;
-  reversed.reserve(args.size());
-  for (auto it = args.rbegin(); it != args.rend(); ++it) reversed.push_back(it->Raw());
-  DISPPARAMS params{reversed.data(), nullptr, static_cast<UINT>(reversed.size()), 0};
+  // DISPPARAMS lists the arguments last to first; the VARIANTs stay owned by
+  // args. Calls of the toolkit take few arguments: those need no allocation.
+  constexpr size_t kInline = 4;
+  std::array<VARIANT, kInline> inlineArgs{};
+  std::vector<VARIANT> manyArgs;
+  VARIANT* reversed = inlineArgs.data();
+  if (args.size() > kInline) {
+    manyArgs.resize(args.size());
+    reversed = manyArgs.data();
+  }
+  for (size_t i = 0; i < args.size(); ++i) reversed[i] = args[args.size() - 1 - i].Raw();
+  DISPPARAMS params{args.empty() ? nullptr : reversed, nullptr, static_cast<UINT>(args.size()), 0};
   UniqueVariant result;
   EXCEPINFO info{};
   SetErrorInfo(0, nullptr);  // so that a failure's error info is the callee's, not an older one

@@ -43,8 +43,9 @@ GUID TypeGuidOf(IDispatch* dispatch) {
 }  // namespace
 
 std::optional<DISPID> MemberIds::Find(IDispatch* dispatch, automation::StringView name) {
-  automation::String key(name);
-  if (auto found = ids_.find(key); found != ids_.end()) return found->second;
+  for (const auto& [known, id] : ids_) {
+    if (known == name) return id;
+  }
   ++resolved_;
   std::wstring wide = ToWide(name);
   LPOLESTR names[] = {wide.data()};
@@ -59,7 +60,7 @@ std::optional<DISPID> MemberIds::Find(IDispatch* dispatch, automation::StringVie
       if (SUCCEEDED(ex->GetDispID(bstrName.Get(), fdexNameCaseInsensitive, &id))) result = id;
     }
   }
-  ids_.emplace(std::move(key), result);
+  ids_.emplace_back(automation::String(name), result);
   return result;
 }
 

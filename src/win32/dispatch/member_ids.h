@@ -8,7 +8,8 @@
 
 #include <memory>
 #include <optional>
-#include <unordered_map>
+#include <utility>
+#include <vector>
 
 #include "vd/automation/string.h"
 
@@ -25,7 +26,9 @@ class MemberIds {
   [[nodiscard]] int ResolvedCount() const { return resolved_; }
 
  private:
-  std::unordered_map<automation::String, std::optional<DISPID>> ids_;
+  // An object is called by a handful of names: a short list searched in
+  // place costs less than hashing, and the name looked up is never copied.
+  std::vector<std::pair<automation::String, std::optional<DISPID>>> ids_;
   int resolved_ = 0;
 };
 

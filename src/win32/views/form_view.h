@@ -59,6 +59,9 @@ class FormView final : public vd::forms::PropertyObserver, private MirrorHost {
  private:
   friend struct WindowProcedures;
 
+  // Posted after a combo's pick: its text is shown again as the form has it.
+  static constexpr UINT kReapplyComboMessage = WM_APP + 1;
+
   // MirrorHost
   void UserAction(const std::function<void()>& action) override;
   void Quietly(const std::function<void()>& change) override;

@@ -100,6 +100,10 @@ INT_PTR FormView::DialogMessage(UINT message, WPARAM wParam, LPARAM lParam) {
     case WM_APP:  // posted by RequestFlush
       Flush();
       return TRUE;
+    case kReapplyComboMessage:
+      if (ControlWindow* record = FindById(static_cast<int>(wParam)); record != nullptr && record->window != nullptr)
+        Quietly([&] { ApplyComboSelection(*record); });
+      return TRUE;
     default:
       return FALSE;
   }
@@ -151,6 +155,9 @@ void FormView::OnCommand(int id, int code, HWND /*control*/) {
             if (index < 0 || index >= combo.ListCount() || !combo.UserFocus()) return;
             if (combo.IsShown() && combo.IsUsable()) combo.SetListIndex(index);
           });
+          // A Click that set the combo's text (a command entry does) is shown
+          // again once the combo has written its own entry into its edit field.
+          PostMessageW(window_, kReapplyComboMessage, static_cast<WPARAM>(id), 0);
           break;
         }
         case CBN_SELENDOK: {

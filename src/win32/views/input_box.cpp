@@ -2,6 +2,7 @@
 
 #include "com/boundary.h"
 #include "views/activation_context.h"
+#include "views/control_lookup.h"
 #include "views/dialog_template.h"
 #include "views/wide_text.h"
 
@@ -15,6 +16,15 @@ constexpr RECT kPrompt{10, 10, 270, 80};
 constexpr RECT kOk{282, 10, 350, 34};
 constexpr RECT kCancel{282, 40, 350, 64};
 constexpr RECT kText{10, 104, 350, 126};
+
+// The names robots find the box and its controls by.
+constexpr struct {
+  int id;
+  const char16_t* name;
+} kPublishedControls[] = {{kInputBoxPromptId, u"lblPrompt"},
+                          {kInputBoxTextId, u"txtInput"},
+                          {IDOK, u"OKButton"},
+                          {IDCANCEL, u"CancelButton"}};
 
 struct InputBoxState {
   String prompt;
@@ -53,6 +63,13 @@ void Build(HWND dialog, const InputBoxState& state) {
                              WS_EX_CLIENTEDGE, kText, kInputBoxTextId);
   SendMessageW(text, EM_SETSEL, 0, -1);
   SetFocus(text);
+  PublishName(dialog, kInputBoxFormName);
+  for (const auto& control : kPublishedControls) PublishName(GetDlgItem(dialog, control.id), control.name);
+}
+
+void WithdrawNames(HWND dialog) {
+  for (const auto& control : kPublishedControls) WithdrawName(GetDlgItem(dialog, control.id));
+  WithdrawName(dialog);
 }
 
 INT_PTR CALLBACK InputBoxProc(HWND dialog, UINT message, WPARAM wParam, LPARAM lParam) noexcept {
@@ -62,6 +79,10 @@ INT_PTR CALLBACK InputBoxProc(HWND dialog, UINT message, WPARAM wParam, LPARAM l
           SetWindowLongPtrW(dialog, DWLP_USER, lParam);
           Build(dialog, *reinterpret_cast<const InputBoxState*>(lParam));
           return FALSE;  // the focus is in the text box
+        }
+        if (message == WM_DESTROY) {
+          WithdrawNames(dialog);
+          return FALSE;
         }
         auto* state = reinterpret_cast<InputBoxState*>(GetWindowLongPtrW(dialog, DWLP_USER));
         if (message != WM_COMMAND || state == nullptr) return FALSE;

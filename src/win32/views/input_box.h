@@ -14,7 +14,9 @@ std::optional<vd::automation::String> ShowInputBox(HWND owner, vd::automation::S
                                                    vd::automation::StringView title,
                                                    vd::automation::StringView defaultText);
 
-// The ids of its controls, for robots.
+// The name it is published by (its controls: lblPrompt, txtInput, OKButton,
+// CancelButton), and the ids of its controls, for robots.
+inline constexpr char16_t kInputBoxFormName[] = u"InputBox";
 inline constexpr int kInputBoxPromptId = 100;
 inline constexpr int kInputBoxTextId = 101;
 

@@ -16,6 +16,7 @@ enum class StepKind {
   kWaitForm,         // wait form NAME
   kWaitGone,         // wait gone
   kClose,            // close
+  kCloseWindow,      // close window CLASS
   kClick,            // click NAME
   kClickNode,        // click node KEY
   kDoubleClickNode,  // dblclick node KEY

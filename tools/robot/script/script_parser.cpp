@@ -32,6 +32,7 @@ struct Pattern {
 constexpr Pattern kPatterns[] = {
     {"wait form NAME", StepKind::kWaitForm},
     {"wait gone", StepKind::kWaitGone},
+    {"close window NAME", StepKind::kCloseWindow},
     {"close", StepKind::kClose},
     {"click node KEY", StepKind::kClickNode},
     {"click NAME", StepKind::kClick},

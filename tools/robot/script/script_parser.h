@@ -7,6 +7,9 @@
 //   wait form NAME            the form's window is shown; later steps act on it
 //   wait gone                 the form's window has gone (hidden or destroyed)
 //   close                     the form's close box
+//   close window CLASS        another program's top-level window of this window
+//                             class (an editor the form started): waits for it,
+//                             asks it to close (WM_CLOSE) and waits until it has gone
 //   click NAME                presses a button (or clicks another control)
 //   click node KEY            clicks the text of the tree node with this key
 //   dblclick node KEY         double-clicks it

@@ -4,15 +4,17 @@
 // Keys are unique ignoring case (a duplicate raises 35602) and optional (an
 // empty key is none).
 //
-// Adding, finding by key or by index, and removing the last node are constant
-// time (amortised). Removing from the middle leaves a gap that the next use of
-// an index behind it closes, so a run of removals from the middle costs one
-// shift of the slots behind the first of them.
+// Adding, finding by key and removing a node are constant time (amortised,
+// the subtree of a removed node aside). Removing leaves a gap where the node
+// was; while there are gaps, a node's Index and the node at an index are
+// counted in logarithmic time, and the gaps are closed in one pass once they
+// are as many as the nodes.
 #include <cstdint>
 #include <vector>
 
 #include "vd/forms/constants.h"
 #include "vd/forms/detail/node_key_index.h"
+#include "vd/forms/detail/node_pool.h"
 #include "vd/forms/node.h"
 
 namespace vd::forms {
@@ -74,6 +76,10 @@ class Nodes {
   void Remove(const NodeRef& node);
   void Clear();
 
+  // Makes room for this many nodes in all (a hint: adding more is fine), so
+  // that a large build grows nothing on its way.
+  void Reserve(int32_t count);
+
  private:
   friend class Node;
   friend class TreeView;
@@ -82,17 +88,27 @@ class Nodes {
   // The shared reference of a node of this tree (nullptr for nullptr).
   [[nodiscard]] NodeRef RefOf(const Node* node) const { return node != nullptr ? slots_[node->slot_] : nullptr; }
   [[nodiscard]] Node* At(int32_t index) const;
+  [[nodiscard]] int32_t IndexOf(const Node& node) const;
   void RemoveNode(Node* node);
-  // Closes the gaps before slot so that slot holds its node's index - 1.
-  void CompactThrough(size_t slot) const;
+  void AppendSlot(NodeRef node);
+  void VacateSlot(size_t slot);
+  // Closes the gaps: every node's slot becomes its index - 1.
+  void Compact();
 
   TreeView* tree_;
-  NodeRef root_;  // parent of the top-level nodes; never in the collection
-  mutable std::vector<NodeRef> slots_;
-  mutable size_t compactPrefix_ = 0;  // slots_[0, compactPrefix_) hold no gaps
+  detail::NodePool pool_;  // declared first: the nodes below go back to it
+  NodeRef root_;           // parent of the top-level nodes; never in the collection
+  // The nodes in collection order, nullptr where one was removed (a gap);
+  // counts_ is a Fenwick tree over them (1 for a node, 0 for a gap), so that
+  // counting the nodes before a slot, or finding the slot of the n-th node,
+  // walks only its logarithmic number of entries.
+  std::vector<NodeRef> slots_;
+  std::vector<int32_t> counts_;
+  size_t gaps_ = 0;
   int32_t live_ = 0;
   detail::NodeKeyIndex keys_;
-  std::vector<NodeRef> doomed_;  // a removed subtree, kept alive while it is taken apart
+  mutable const Node* lastRelative_ = nullptr;  // the node a relative key named last
+  std::vector<NodeRef> doomed_;                 // a removed subtree, kept alive while it is taken apart
 };
 
 }  // namespace vd::forms

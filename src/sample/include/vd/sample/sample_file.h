@@ -26,7 +26,8 @@
 //     "objects": [ { "application": n,                       an application's number; not for kind "B"
 //                    "name": text, "kind": one letter, "index": n (>= 0, default 0 = none),
 //                    "attributes": { name: value, ... },      number, text, Boolean, null or an array of those
-//                    "offsets": text } ] } }                 the answer to the offsets request
+//                    "offsets": text } ] } }                 the answer to the offsets request; a whole
+//                                                            number: that status (a Long); false: it fails
 //
 // param: { "type": "text", "value": text } | { "type": "number", "value": number } | { "type": "empty" }
 // (the last is what AddParam appends: type code 0, Empty value).

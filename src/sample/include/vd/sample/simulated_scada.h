@@ -18,7 +18,9 @@
 //   #return do(BGU_CONTROL:CCP, ("<name>",<index>),"GET_OFFSETS") answers the
 //   offsets text of the object with that logical name and index in the
 //   application (any kind letter, first in table order); "" when that object
-//   has no offsets; the Long kOffsetsUnknownObject when there is no such object.
+//   has no offsets; the Long kOffsetsUnknownObject when there is no such object;
+//   the object's own status (a Long) when it has one; it raises
+//   kInjectedFault for an object whose offsets cannot be read.
 // - A text registered with SetAnswer gets its registered answer.
 // - Any other text raises kRequestNotUnderstood.
 //
@@ -85,7 +87,9 @@ struct ScadaObject {
   char16_t kind = u'P';     // object kind letter, upper case
   int32_t index = 0;        // 0: the object has no index
   std::vector<ScadaAttribute> attributes;
-  std::optional<String> offsets;  // the offsets request's answer
+  std::optional<String> offsets;                        // the offsets request's answer
+  std::optional<int32_t> offsetsStatus = std::nullopt;  // a status (Long) answered instead of offsets text
+  bool offsetsFail = false;                             // the offsets request raises kInjectedFault
 };
 
 enum class ScadaCall { kGetApplications, kExecuteKorl, kScriptFileChanged, kExecuteKorlInApp, kValidateItem };
@@ -114,6 +118,8 @@ class SimulatedScada final : public toolkit::Communication {
   void SetAttribute(int32_t application, const String& name, char16_t kind, int32_t index, const String& attribute,
                     Variant value);
   void SetCurrentApplication(int32_t number);
+  // Moves an application to another directory; error 5 for an unknown number.
+  void SetApplicationDirectory(int32_t number, String directory);
   [[nodiscard]] int32_t CurrentApplication() const { return current_; }
   void SetAnswer(const String& request, Variant answer);
   [[nodiscard]] const std::vector<ScadaApplication>& Applications() const { return applications_; }
