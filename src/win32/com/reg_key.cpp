@@ -27,7 +27,7 @@ RegKey RegKey::OpenForRead(HKEY parent, const std::wstring& path) {
 
 void RegKey::SetString(const std::wstring& name, const std::wstring& value) const {
   auto bytes = static_cast<DWORD>((value.size() + 1) * sizeof(wchar_t));
-  LONG status = RegSetValueExW(key_, name.empty() ? nullptr : name.c_str(), 0, REG_SZ,
+  LONG status = RegSetValueExW(key_.Get(), name.empty() ? nullptr : name.c_str(), 0, REG_SZ,
                                reinterpret_cast<const BYTE*>(value.c_str()), bytes);
   if (status != ERROR_SUCCESS) RaiseWin32(status, u"The registry value cannot be written");
 }
@@ -36,10 +36,10 @@ bool RegKey::GetString(const std::wstring& name, std::wstring& value) const {
   const wchar_t* valueName = name.empty() ? nullptr : name.c_str();
   DWORD type = 0;
   DWORD bytes = 0;
-  if (RegQueryValueExW(key_, valueName, nullptr, &type, nullptr, &bytes) != ERROR_SUCCESS || type != REG_SZ)
+  if (RegQueryValueExW(key_.Get(), valueName, nullptr, &type, nullptr, &bytes) != ERROR_SUCCESS || type != REG_SZ)
     return false;
   std::wstring buffer(bytes / sizeof(wchar_t) + 1, L'\0');
-  if (RegQueryValueExW(key_, valueName, nullptr, &type, reinterpret_cast<BYTE*>(buffer.data()), &bytes) !=
+  if (RegQueryValueExW(key_.Get(), valueName, nullptr, &type, reinterpret_cast<BYTE*>(buffer.data()), &bytes) !=
       ERROR_SUCCESS)
     return false;
   buffer.resize(wcsnlen(buffer.c_str(), buffer.size()));

@@ -4,23 +4,14 @@
 #include <windows.h>
 
 #include <string>
-#include <utility>
+
+#include "com/unique_handle.h"
 
 namespace vd::win32 {
 
 class RegKey {
  public:
   RegKey() = default;
-  RegKey(RegKey&& other) noexcept : key_(std::exchange(other.key_, nullptr)) {}
-  RegKey& operator=(RegKey&& other) noexcept {
-    std::swap(key_, other.key_);
-    return *this;
-  }
-  RegKey(const RegKey&) = delete;
-  RegKey& operator=(const RegKey&) = delete;
-  ~RegKey() {
-    if (key_) RegCloseKey(key_);
-  }
 
   // Opens or creates the key with write access.
   static RegKey Create(HKEY parent, const std::wstring& path);
@@ -30,14 +21,14 @@ class RegKey {
   void SetString(const std::wstring& name, const std::wstring& value) const;  // "" is the default value
   // Reads a string value; false when it does not exist.
   bool GetString(const std::wstring& name, std::wstring& value) const;
-  RegKey CreateSubKey(const std::wstring& path) const { return Create(key_, path); }
+  RegKey CreateSubKey(const std::wstring& path) const { return Create(key_.Get(), path); }
 
-  [[nodiscard]] HKEY Get() const { return key_; }
-  explicit operator bool() const { return key_ != nullptr; }
+  [[nodiscard]] HKEY Get() const { return key_.Get(); }
+  explicit operator bool() const { return key_.Valid(); }
 
  private:
   explicit RegKey(HKEY key) : key_(key) {}
-  HKEY key_ = nullptr;
+  RegistryKeyHandle key_;
 };
 
 // Removes a key with everything under it; a key that is not there is no error.

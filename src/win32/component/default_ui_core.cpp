@@ -10,15 +10,13 @@ namespace vd::win32 {
 
 std::unique_ptr<UiCore> MakeDefaultUiCore() { return std::make_unique<SystemUiCore>(TheWindowsPlatform().Services()); }
 
-HRESULT VarDeskUIObject::Create(REFIID iid, void** out) {
+HRESULT VarDeskUIObject::Create(REFIID iid, void** out) noexcept {
   if (!out) return E_POINTER;
   *out = nullptr;
-  try {
+  return ComBoundary(L"VarDeskGUI.VarDeskUI", IID__VarDeskUI, [&] {
     ComPtr<_VarDeskUI> object = CreateWithCore(MakeDefaultUiCore());
     return object->QueryInterface(iid, out);
-  } catch (...) {
-    return ReportError(ErrorFromCurrentException(), L"VarDeskGUI.VarDeskUI", IID__VarDeskUI);
-  }
+  });
 }
 
 }  // namespace vd::win32

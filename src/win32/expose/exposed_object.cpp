@@ -6,6 +6,7 @@
 #include "com/bstr.h"
 #include "convert/error_convert.h"
 #include "convert/variant_convert.h"
+#include "server/com_object.h"
 
 namespace vd::win32 {
 namespace {
@@ -29,20 +30,13 @@ constexpr wchar_t kSource[] = L"VarDeskGUI";
 ExposedObject::ExposedObject(automation::ObjectRef target) : target_(std::move(target)) {}
 ExposedObject::~ExposedObject() = default;
 
-HRESULT ExposedObject::QueryInterface(REFIID iid, void** out) {
-  if (!out) return E_POINTER;
-  if (IsEqualIID(iid, IID_IUnknown) || IsEqualIID(iid, IID_IDispatch)) {
-    *out = static_cast<IDispatch*>(this);
-    AddRef();
-    return S_OK;
-  }
-  *out = nullptr;
-  return E_NOINTERFACE;
+HRESULT ExposedObject::QueryInterface(REFIID iid, void** out) noexcept {
+  return QueryFromTable<IDispatch>(this, iid, out);
 }
 
-ULONG ExposedObject::AddRef() { return ++refs_; }
+ULONG ExposedObject::AddRef() noexcept { return ++refs_; }
 
-ULONG ExposedObject::Release() {
+ULONG ExposedObject::Release() noexcept {
   Registry& registry = TheRegistry();
   {
     std::lock_guard lock(registry.mutex);
@@ -56,28 +50,26 @@ ULONG ExposedObject::Release() {
   return 0;
 }
 
-HRESULT ExposedObject::GetTypeInfoCount(UINT* count) {
+HRESULT ExposedObject::GetTypeInfoCount(UINT* count) noexcept {
   if (!count) return E_POINTER;
   *count = 0;
   return S_OK;
 }
 
-HRESULT ExposedObject::GetTypeInfo(UINT, LCID, ITypeInfo** info) {
+HRESULT ExposedObject::GetTypeInfo(UINT, LCID, ITypeInfo** info) noexcept {
   if (info) *info = nullptr;
   return TYPE_E_ELEMENTNOTFOUND;
 }
 
-HRESULT ExposedObject::GetIDsOfNames(REFIID, LPOLESTR* names, UINT count, LCID, DISPID* ids) {
+HRESULT ExposedObject::GetIDsOfNames(REFIID, LPOLESTR* names, UINT count, LCID, DISPID* ids) noexcept {
   if (!names || !ids) return E_POINTER;
   if (count == 0) return S_OK;
-  HRESULT hr = S_OK;
-  try {
+  HRESULT hr = HResultBoundary([&] {
     auto found = FindMember(FromWide(names[0]));
     ids[0] = found.value_or(DISPID_UNKNOWN);
-    if (!found) hr = DISP_E_UNKNOWNNAME;
-  } catch (...) {
-    return E_UNEXPECTED;
-  }
+    return found ? S_OK : DISP_E_UNKNOWNNAME;
+  });
+  if (FAILED(hr) && hr != DISP_E_UNKNOWNNAME) return hr;
   // Named arguments are not supported.
   for (UINT i = 1; i < count; ++i) {
     ids[i] = DISPID_UNKNOWN;
@@ -87,23 +79,18 @@ HRESULT ExposedObject::GetIDsOfNames(REFIID, LPOLESTR* names, UINT count, LCID, 
 }
 
 HRESULT ExposedObject::Invoke(DISPID id, REFIID, LCID, WORD flags, DISPPARAMS* params, VARIANT* result,
-                              EXCEPINFO* exception, UINT*) {
+                              EXCEPINFO* exception, UINT*) noexcept {
   if (!params) return E_POINTER;
   if (params->cNamedArgs != 0) return DISP_E_NONAMEDARGS;
   if (!(flags & (DISPATCH_METHOD | DISPATCH_PROPERTYGET))) return DISP_E_MEMBERNOTFOUND;
   ComPtr<IDispatch> keepAlive(this);  // a member may drop the caller's last other reference
-  try {
+  return InvokeBoundary(kSource, exception, [&] {
     InvokeArgs args(*params);
     std::optional<automation::Variant> value = InvokeMember(id, args);
     if (!value) return DISP_E_MEMBERNOTFOUND;
     if (result) ToVariant(*value, *result);
     return S_OK;
-  } catch (...) {
-    automation::AutomationError error = ErrorFromCurrentException();
-    if (!exception) return HResultFromNumber(error.Number());
-    FillExcepInfo(error, kSource, *exception);
-    return DISP_E_EXCEPTION;
-  }
+  });
 }
 
 ExposedObject* FindExposed(IDispatch* dispatch) {

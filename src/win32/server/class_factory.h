@@ -4,29 +4,30 @@
 
 #include <unknwn.h>
 
-#include "server/ref_count.h"
+#include <span>
+
+#include "server/class_table.h"
+#include "server/com_object.h"
 
 namespace vd::win32 {
 
-using CreateInstanceFunction = HRESULT (*)(REFIID iid, void** out);
+class ClassFactory final : public ComObject<ClassFactory, IClassFactory> {
+  friend ComObject;
 
-class ClassFactory final : public IClassFactory {
  public:
-  explicit ClassFactory(CreateInstanceFunction create) : create_(create) {}
-
-  HRESULT STDMETHODCALLTYPE QueryInterface(REFIID iid, void** out) override;
-  ULONG STDMETHODCALLTYPE AddRef() override { return refs_.Up(); }
-  ULONG STDMETHODCALLTYPE Release() override;
-  HRESULT STDMETHODCALLTYPE CreateInstance(IUnknown* outer, REFIID iid, void** out) override;
-  HRESULT STDMETHODCALLTYPE LockServer(BOOL lock) override;
+  HRESULT STDMETHODCALLTYPE CreateInstance(IUnknown* outer, REFIID iid, void** out) noexcept override;
+  HRESULT STDMETHODCALLTYPE LockServer(BOOL lock) noexcept override;
 
  private:
+  explicit ClassFactory(CreateInstanceFunction create) : create_(create) {}
   ~ClassFactory() = default;
   CreateInstanceFunction create_;
-  RefCount refs_;
 };
 
 // A factory for the class, or nullptr.
-HRESULT GetClassFactory(CreateInstanceFunction create, REFIID iid, void** out);
+HRESULT GetClassFactory(CreateInstanceFunction create, REFIID iid, void** out) noexcept;
+// The factory of the table's row for clsid; CLASS_E_CLASSNOTAVAILABLE when no
+// row has it.
+HRESULT GetClassObject(std::span<const ClassEntry> classes, REFCLSID clsid, REFIID iid, void** out) noexcept;
 
 }  // namespace vd::win32

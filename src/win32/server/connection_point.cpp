@@ -5,33 +5,19 @@
 #include <olectl.h>
 
 #include "convert/error_convert.h"
-#include "server/ref_count.h"
+#include "server/com_object.h"
 
 namespace vd::win32 {
 namespace {
 
-class ConnectionPointEnum final : public IEnumConnectionPoints {
+class ConnectionPointEnum final : public ComObject<ConnectionPointEnum, IEnumConnectionPoints> {
+  friend ComObject;
+
  public:
   ConnectionPointEnum(IConnectionPointContainer* owner, IConnectionPoint* point, ULONG position)
       : owner_(owner), point_(point), position_(position) {}
 
-  HRESULT STDMETHODCALLTYPE QueryInterface(REFIID iid, void** out) override {
-    if (!out) return E_POINTER;
-    if (IsEqualIID(iid, IID_IUnknown) || IsEqualIID(iid, IID_IEnumConnectionPoints)) {
-      *out = static_cast<IEnumConnectionPoints*>(this);
-      AddRef();
-      return S_OK;
-    }
-    *out = nullptr;
-    return E_NOINTERFACE;
-  }
-  ULONG STDMETHODCALLTYPE AddRef() override { return refs_.Up(); }
-  ULONG STDMETHODCALLTYPE Release() override {
-    ULONG left = refs_.Down();
-    if (left == 0) delete this;
-    return left;
-  }
-  HRESULT STDMETHODCALLTYPE Next(ULONG wanted, IConnectionPoint** points, ULONG* fetched) override {
+  HRESULT STDMETHODCALLTYPE Next(ULONG wanted, IConnectionPoint** points, ULONG* fetched) noexcept override {
     if (!points || (wanted > 1 && !fetched)) return E_POINTER;
     ULONG given = 0;
     if (wanted > 0 && position_ == 0) {
@@ -43,19 +29,17 @@ class ConnectionPointEnum final : public IEnumConnectionPoints {
     if (fetched) *fetched = given;
     return given == wanted ? S_OK : S_FALSE;
   }
-  HRESULT STDMETHODCALLTYPE Skip(ULONG count) override {
+  HRESULT STDMETHODCALLTYPE Skip(ULONG count) noexcept override {
     ULONG left = position_ == 0 ? 1 : 0;
     position_ += count < left ? count : left;
     return count <= left ? S_OK : S_FALSE;
   }
-  HRESULT STDMETHODCALLTYPE Reset() override {
+  HRESULT STDMETHODCALLTYPE Reset() noexcept override {
     position_ = 0;
     return S_OK;
   }
-  HRESULT STDMETHODCALLTYPE Clone(IEnumConnectionPoints** out) override {
-    if (!out) return E_POINTER;
-    *out = new (std::nothrow) ConnectionPointEnum(owner_.Get(), point_.Get(), position_);
-    return *out ? S_OK : E_OUTOFMEMORY;
+  HRESULT STDMETHODCALLTYPE Clone(IEnumConnectionPoints** out) noexcept override {
+    return Make(IID_IEnumConnectionPoints, reinterpret_cast<void**>(out), owner_.Get(), point_.Get(), position_);
   }
 
  private:
@@ -63,36 +47,28 @@ class ConnectionPointEnum final : public IEnumConnectionPoints {
   ComPtr<IConnectionPointContainer> owner_{};
   ComPtr<IConnectionPoint> point_{};
   ULONG position_;
-  RefCount refs_;
 };
 
 }  // namespace
 
-HRESULT ConnectionPoint::QueryInterface(REFIID iid, void** out) {
-  if (!out) return E_POINTER;
-  if (IsEqualIID(iid, IID_IUnknown) || IsEqualIID(iid, IID_IConnectionPoint)) {
-    *out = static_cast<IConnectionPoint*>(this);
-    AddRef();
-    return S_OK;
-  }
-  *out = nullptr;
-  return E_NOINTERFACE;
+HRESULT ConnectionPoint::QueryInterface(REFIID iid, void** out) noexcept {
+  return QueryFromTable<IConnectionPoint>(this, iid, out);
 }
 
-HRESULT ConnectionPoint::GetConnectionInterface(IID* iid) {
+HRESULT ConnectionPoint::GetConnectionInterface(IID* iid) noexcept {
   if (!iid) return E_POINTER;
   *iid = eventIid_;
   return S_OK;
 }
 
-HRESULT ConnectionPoint::GetConnectionPointContainer(IConnectionPointContainer** container) {
+HRESULT ConnectionPoint::GetConnectionPointContainer(IConnectionPointContainer** container) noexcept {
   if (!container) return E_POINTER;
   owner_->AddRef();
   *container = owner_;
   return S_OK;
 }
 
-HRESULT ConnectionPoint::Advise(IUnknown* sink, DWORD* cookie) {
+HRESULT ConnectionPoint::Advise(IUnknown* sink, DWORD* cookie) noexcept {
   if (!cookie) return E_POINTER;
   *cookie = 0;
   if (!sink) return E_POINTER;
@@ -100,16 +76,13 @@ HRESULT ConnectionPoint::Advise(IUnknown* sink, DWORD* cookie) {
   if (FAILED(sink->QueryInterface(eventIid_, dispatch.PutVoid())) || !dispatch) {
     if (FAILED(sink->QueryInterface(IID_IDispatch, dispatch.PutVoid())) || !dispatch) return CONNECT_E_CANNOTCONNECT;
   }
-  try {
-    sinks_.emplace_back(nextCookie_, std::move(dispatch));
-  } catch (...) {
-    return E_OUTOFMEMORY;
-  }
+  HRESULT hr = HResultBoundary([&] { sinks_.emplace_back(nextCookie_, std::move(dispatch)); });
+  if (FAILED(hr)) return hr;
   *cookie = nextCookie_++;
   return S_OK;
 }
 
-HRESULT ConnectionPoint::Unadvise(DWORD cookie) {
+HRESULT ConnectionPoint::Unadvise(DWORD cookie) noexcept {
   for (auto it = sinks_.begin(); it != sinks_.end(); ++it) {
     if (it->first == cookie) {
       ComPtr<IDispatch> released = std::move(it->second);  // released after the list is consistent
@@ -120,7 +93,7 @@ HRESULT ConnectionPoint::Unadvise(DWORD cookie) {
   return CONNECT_E_NOCONNECTION;
 }
 
-HRESULT ConnectionPoint::EnumConnections(IEnumConnections** connections) {
+HRESULT ConnectionPoint::EnumConnections(IEnumConnections** connections) noexcept {
   if (connections) *connections = nullptr;
   return E_NOTIMPL;
 }
@@ -142,9 +115,7 @@ void ConnectionPoint::Fire(DISPID id, VARIANT* argsLastFirst, UINT count) {
 
 HRESULT EnumerateConnectionPoints(IConnectionPointContainer* owner, IConnectionPoint* point,
                                   IEnumConnectionPoints** out) {
-  if (!out) return E_POINTER;
-  *out = new (std::nothrow) ConnectionPointEnum(owner, point, 0);
-  return *out ? S_OK : E_OUTOFMEMORY;
+  return ConnectionPointEnum::Make(IID_IEnumConnectionPoints, reinterpret_cast<void**>(out), owner, point, 0UL);
 }
 
 }  // namespace vd::win32

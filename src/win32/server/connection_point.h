@@ -21,14 +21,14 @@ class ConnectionPoint final : public IConnectionPoint {
   ConnectionPoint& operator=(const ConnectionPoint&) = delete;
   ~ConnectionPoint() = default;
 
-  HRESULT STDMETHODCALLTYPE QueryInterface(REFIID iid, void** out) override;
-  ULONG STDMETHODCALLTYPE AddRef() override { return owner_->AddRef(); }
-  ULONG STDMETHODCALLTYPE Release() override { return owner_->Release(); }
-  HRESULT STDMETHODCALLTYPE GetConnectionInterface(IID* iid) override;
-  HRESULT STDMETHODCALLTYPE GetConnectionPointContainer(IConnectionPointContainer** container) override;
-  HRESULT STDMETHODCALLTYPE Advise(IUnknown* sink, DWORD* cookie) override;
-  HRESULT STDMETHODCALLTYPE Unadvise(DWORD cookie) override;
-  HRESULT STDMETHODCALLTYPE EnumConnections(IEnumConnections** connections) override;
+  HRESULT STDMETHODCALLTYPE QueryInterface(REFIID iid, void** out) noexcept override;
+  ULONG STDMETHODCALLTYPE AddRef() noexcept override { return owner_->AddRef(); }
+  ULONG STDMETHODCALLTYPE Release() noexcept override { return owner_->Release(); }
+  HRESULT STDMETHODCALLTYPE GetConnectionInterface(IID* iid) noexcept override;
+  HRESULT STDMETHODCALLTYPE GetConnectionPointContainer(IConnectionPointContainer** container) noexcept override;
+  HRESULT STDMETHODCALLTYPE Advise(IUnknown* sink, DWORD* cookie) noexcept override;
+  HRESULT STDMETHODCALLTYPE Unadvise(DWORD cookie) noexcept override;
+  HRESULT STDMETHODCALLTYPE EnumConnections(IEnumConnections** connections) noexcept override;
 
   [[nodiscard]] const IID& EventIid() const { return eventIid_; }
   [[nodiscard]] size_t SinkCount() const { return sinks_.size(); }

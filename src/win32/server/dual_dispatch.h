@@ -19,12 +19,14 @@ HRESULT ExceptionFromErrorInfo(HRESULT hr, EXCEPINFO* exception);
 template <class I>
 class DualDispatch : public I {
  public:
-  HRESULT STDMETHODCALLTYPE GetTypeInfoCount(UINT* count) override {
+  using Interface = I;
+
+  HRESULT STDMETHODCALLTYPE GetTypeInfoCount(UINT* count) noexcept override {
     if (!count) return E_POINTER;
     *count = 1;
     return S_OK;
   }
-  HRESULT STDMETHODCALLTYPE GetTypeInfo(UINT index, LCID, ITypeInfo** info) override {
+  HRESULT STDMETHODCALLTYPE GetTypeInfo(UINT index, LCID, ITypeInfo** info) noexcept override {
     if (!info) return E_POINTER;
     *info = nullptr;
     if (index != 0) return DISP_E_BADINDEX;
@@ -34,14 +36,15 @@ class DualDispatch : public I {
     *info = typeInfo;
     return S_OK;
   }
-  HRESULT STDMETHODCALLTYPE GetIDsOfNames(REFIID iid, LPOLESTR* names, UINT count, LCID, DISPID* ids) override {
+  HRESULT STDMETHODCALLTYPE GetIDsOfNames(REFIID iid, LPOLESTR* names, UINT count, LCID,
+                                          DISPID* ids) noexcept override {
     if (!IsEqualIID(iid, IID_NULL)) return DISP_E_UNKNOWNINTERFACE;
     ITypeInfo* typeInfo = TypeInfo();
     if (!typeInfo) return TYPE_E_CANTLOADLIBRARY;
     return DispGetIDsOfNames(typeInfo, names, count, ids);
   }
   HRESULT STDMETHODCALLTYPE Invoke(DISPID id, REFIID iid, LCID, WORD flags, DISPPARAMS* params, VARIANT* result,
-                                   EXCEPINFO* exception, UINT* argError) override {
+                                   EXCEPINFO* exception, UINT* argError) noexcept override {
     if (!IsEqualIID(iid, IID_NULL)) return DISP_E_UNKNOWNINTERFACE;
     ITypeInfo* typeInfo = TypeInfo();
     if (!typeInfo) return TYPE_E_CANTLOADLIBRARY;
@@ -53,11 +56,7 @@ class DualDispatch : public I {
  protected:
   ITypeInfo* TypeInfo() {
     if (!typeInfo_) {
-      try {
-        typeInfo_ = ModuleTypeInfo(__uuidof(I));
-      } catch (...) {
-        return nullptr;
-      }
+      typeInfo_ = ContainOr(ComPtr<ITypeInfo>(), [] { return ModuleTypeInfo(__uuidof(I)); });
     }
     return typeInfo_.Get();
   }

@@ -86,7 +86,7 @@ void WriteClass(HKEY root, const ClassEntry& entry, const TypeLibFacts* typeLib)
   classKey.SetString(L"", entry.description);
   RegKey server = classKey.CreateSubKey(L"InprocServer32");
   server.SetString(L"", ThisModulePath());
-  server.SetString(L"ThreadingModel", L"Apartment");
+  server.SetString(L"ThreadingModel", entry.threadingModel);
   classKey.CreateSubKey(L"ProgID").SetString(L"", entry.progId);
   classKey.CreateSubKey(L"VersionIndependentProgID").SetString(L"", entry.progId);
   classKey.CreateSubKey(L"Programmable");

@@ -1,19 +1,15 @@
 #pragma once
 // Registration of an in-process server under Software\Classes, per machine
 // (HKLM) or per user (HKCU): each class's CLSID and ProgID keys, the server
-// path with ThreadingModel=Apartment and, when the module embeds one, its
+// path with the class's ThreadingModel and, when the module embeds one, its
 // type library with the library's Automation interfaces. Failures raise.
 #include <windows.h>
 
 #include <span>
 
-namespace vd::win32 {
+#include "server/class_table.h"
 
-struct ClassEntry {
-  const CLSID* clsid;
-  const wchar_t* progId;
-  const wchar_t* description;
-};
+namespace vd::win32 {
 
 enum class RegistrationScope { kMachine, kUser };
 

@@ -6,31 +6,27 @@
 #include <ocidl.h>
 
 #include "VarDeskGUI.h"
+#include "server/com_object.h"
 #include "server/dual_dispatch.h"
-#include "server/ref_count.h"
 
 namespace vd::win32 {
 
-class SelectionHandlerObject final : public DualDispatch<_SelectionHandler>,
-                                     public IProvideClassInfo,
-                                     public ISupportErrorInfo {
+class SelectionHandlerObject final
+    : public ComObject<SelectionHandlerObject, DualDispatch<_SelectionHandler>, IProvideClassInfo, ISupportErrorInfo> {
+  friend ComObject;
+
  public:
-  static HRESULT Create(REFIID iid, void** out);
+  static HRESULT Create(REFIID iid, void** out) noexcept;
 
-  HRESULT STDMETHODCALLTYPE QueryInterface(REFIID iid, void** out) override;
-  ULONG STDMETHODCALLTYPE AddRef() override { return refs_.Up(); }
-  ULONG STDMETHODCALLTYPE Release() override;
+  HRESULT STDMETHODCALLTYPE SetSelectedVariable(IDispatch* var, VARIANT* result) noexcept override;
+  HRESULT STDMETHODCALLTYPE GetSelectedVariable(IDispatch** selected) noexcept override;
 
-  HRESULT STDMETHODCALLTYPE SetSelectedVariable(IDispatch* var, VARIANT* result) override;
-  HRESULT STDMETHODCALLTYPE GetSelectedVariable(IDispatch** selected) override;
-
-  HRESULT STDMETHODCALLTYPE GetClassInfo(ITypeInfo** info) override;
-  HRESULT STDMETHODCALLTYPE InterfaceSupportsErrorInfo(REFIID iid) override;
+  HRESULT STDMETHODCALLTYPE GetClassInfo(ITypeInfo** info) noexcept override;
+  HRESULT STDMETHODCALLTYPE InterfaceSupportsErrorInfo(REFIID iid) noexcept override;
 
  private:
   SelectionHandlerObject() = default;
   ~SelectionHandlerObject() = default;
-  RefCount refs_;
 };
 
 }  // namespace vd::win32

@@ -10,21 +10,19 @@
 namespace vd::win32 {
 namespace {
 
+// CLSID, ProgID, description, threading model, creator.
 const std::array<ClassEntry, 2> kClasses{{
-    {&CLSID_VarDeskUI, L"VarDeskGUI.VarDeskUI", L"VarDeskUI"},
-    {&CLSID_SelectionHandler, L"VarDeskGUI.SelectionHandler", L"SelectionHandler"},
+    {&CLSID_VarDeskUI, L"VarDeskGUI.VarDeskUI", L"VarDeskUI", L"Apartment", &VarDeskUIObject::Create},
+    {&CLSID_SelectionHandler, L"VarDeskGUI.SelectionHandler", L"SelectionHandler", L"Apartment",
+     &SelectionHandlerObject::Create},
 }};
 
 }  // namespace
 
 std::span<const ClassEntry> ServerClasses() { return kClasses; }
 
-HRESULT GetServerClassObject(REFCLSID clsid, REFIID iid, void** out) {
-  if (!out) return E_POINTER;
-  *out = nullptr;
-  if (IsEqualCLSID(clsid, CLSID_VarDeskUI)) return GetClassFactory(&VarDeskUIObject::Create, iid, out);
-  if (IsEqualCLSID(clsid, CLSID_SelectionHandler)) return GetClassFactory(&SelectionHandlerObject::Create, iid, out);
-  return CLASS_E_CLASSNOTAVAILABLE;
+HRESULT GetServerClassObject(REFCLSID clsid, REFIID iid, void** out) noexcept {
+  return GetClassObject(kClasses, clsid, iid, out);
 }
 
 }  // namespace vd::win32

@@ -50,43 +50,19 @@ ComPtr<_VarDeskUI> VarDeskUIObject::CreateWithCore(std::unique_ptr<UiCore> core)
   return ComPtr<_VarDeskUI>::Attach(new VarDeskUIObject(std::move(core)));
 }
 
-HRESULT VarDeskUIObject::QueryInterface(REFIID iid, void** out) {
-  if (!out) return E_POINTER;
-  if (IsEqualIID(iid, IID_IUnknown) || IsEqualIID(iid, IID_IDispatch) || IsEqualIID(iid, IID__VarDeskUI)) {
-    *out = static_cast<_VarDeskUI*>(this);
-  } else if (IsEqualIID(iid, IID_IConnectionPointContainer)) {
-    *out = static_cast<IConnectionPointContainer*>(this);
-  } else if (IsEqualIID(iid, IID_IProvideClassInfo) || IsEqualIID(iid, IID_IProvideClassInfo2)) {
-    *out = static_cast<IProvideClassInfo2*>(this);
-  } else if (IsEqualIID(iid, IID_ISupportErrorInfo)) {
-    *out = static_cast<ISupportErrorInfo*>(this);
-  } else {
-    *out = nullptr;
-    return E_NOINTERFACE;
-  }
-  AddRef();
-  return S_OK;
-}
-
-ULONG VarDeskUIObject::Release() {
-  ULONG left = refs_.Down();
-  if (left == 0) delete this;
-  return left;
-}
-
-HRESULT VarDeskUIObject::IsModified(VARIANT_BOOL* modified) {
+HRESULT VarDeskUIObject::IsModified(VARIANT_BOOL* modified) noexcept {
   if (!modified) return E_POINTER;
   *modified = VARIANT_FALSE;
   return Boundary([&] { *modified = core_->IsModified() ? VARIANT_TRUE : VARIANT_FALSE; });
 }
 
-HRESULT VarDeskUIObject::EditDataSources(IDispatch* display) {
+HRESULT VarDeskUIObject::EditDataSources(IDispatch* display) noexcept {
   ComPtr<IUnknown> keepAlive(static_cast<_VarDeskUI*>(this));  // a sink may drop the host's reference
   return Boundary([&] { core_->EditDataSources(AdaptAs<toolkit::Display>(display)); });
 }
 
 HRESULT VarDeskUIObject::SelectDataVar(IDispatch* display, LONG context, LONG dsvType, LONG rows, LONG cols,
-                                       IDispatch** selected) {
+                                       IDispatch** selected) noexcept {
   if (!selected) return E_POINTER;
   *selected = nullptr;
   ComPtr<IUnknown> keepAlive(static_cast<_VarDeskUI*>(this));
@@ -96,13 +72,13 @@ HRESULT VarDeskUIObject::SelectDataVar(IDispatch* display, LONG context, LONG ds
   });
 }
 
-HRESULT VarDeskUIObject::get_HelpFile(BSTR* path) {
+HRESULT VarDeskUIObject::get_HelpFile(BSTR* path) noexcept {
   if (!path) return E_POINTER;
   *path = nullptr;
   return Boundary([&] { *path = Bstr(core_->HelpFile()).Detach(); });
 }
 
-HRESULT VarDeskUIObject::put_HelpFile(BSTR path) {
+HRESULT VarDeskUIObject::put_HelpFile(BSTR path) noexcept {
   return Boundary([&] { core_->SetHelpFile(ToString(path)); });
 }
 
@@ -110,21 +86,21 @@ HRESULT VarDeskUIObject::SetCommunication(IDispatch* comm) {
   return Boundary([&] { core_->SetCommunication(AdaptAs<toolkit::Communication>(comm)); });
 }
 
-HRESULT VarDeskUIObject::putref_Communication(IDispatch* comm) { return SetCommunication(comm); }
-HRESULT VarDeskUIObject::put_Communication(IDispatch* comm) { return SetCommunication(comm); }
+HRESULT VarDeskUIObject::putref_Communication(IDispatch* comm) noexcept { return SetCommunication(comm); }
+HRESULT VarDeskUIObject::put_Communication(IDispatch* comm) noexcept { return SetCommunication(comm); }
 
 // The object handed in is kept by the form only; reading gives Nothing.
-HRESULT VarDeskUIObject::get_Communication(IDispatch** comm) {
+HRESULT VarDeskUIObject::get_Communication(IDispatch** comm) noexcept {
   if (!comm) return E_POINTER;
   *comm = nullptr;
   return S_OK;
 }
 
-HRESULT VarDeskUIObject::EnumConnectionPoints(IEnumConnectionPoints** points) {
+HRESULT VarDeskUIObject::EnumConnectionPoints(IEnumConnectionPoints** points) noexcept {
   return EnumerateConnectionPoints(this, &events_, points);
 }
 
-HRESULT VarDeskUIObject::FindConnectionPoint(REFIID iid, IConnectionPoint** point) {
+HRESULT VarDeskUIObject::FindConnectionPoint(REFIID iid, IConnectionPoint** point) noexcept {
   if (!point) return E_POINTER;
   *point = nullptr;
   if (!IsEqualIID(iid, events_.EventIid())) return CONNECT_E_NOCONNECTION;
@@ -133,18 +109,16 @@ HRESULT VarDeskUIObject::FindConnectionPoint(REFIID iid, IConnectionPoint** poin
   return S_OK;
 }
 
-HRESULT VarDeskUIObject::GetClassInfo(ITypeInfo** info) {
+HRESULT VarDeskUIObject::GetClassInfo(ITypeInfo** info) noexcept {
   if (!info) return E_POINTER;
   *info = nullptr;
-  try {
+  return ContainOr(TYPE_E_CANTLOADLIBRARY, [&] {
     *info = ModuleTypeInfo(CLSID_VarDeskUI).Detach();
     return S_OK;
-  } catch (...) {
-    return TYPE_E_CANTLOADLIBRARY;
-  }
+  });
 }
 
-HRESULT VarDeskUIObject::GetGUID(DWORD kind, GUID* guid) {
+HRESULT VarDeskUIObject::GetGUID(DWORD kind, GUID* guid) noexcept {
   if (!guid) return E_POINTER;
   if (kind != GUIDKIND_DEFAULT_SOURCE_DISP_IID) {
     *guid = GUID_NULL;
@@ -154,7 +128,7 @@ HRESULT VarDeskUIObject::GetGUID(DWORD kind, GUID* guid) {
   return S_OK;
 }
 
-HRESULT VarDeskUIObject::InterfaceSupportsErrorInfo(REFIID iid) {
+HRESULT VarDeskUIObject::InterfaceSupportsErrorInfo(REFIID iid) noexcept {
   return IsEqualIID(iid, IID__VarDeskUI) ? S_OK : S_FALSE;
 }
 

@@ -8,9 +8,9 @@
 #include <memory>
 
 #include "VarDeskGUI.h"
+#include "server/com_object.h"
 #include "server/connection_point.h"
 #include "server/dual_dispatch.h"
-#include "server/ref_count.h"
 #include "server/ui_core.h"
 
 namespace vd::win32 {
@@ -19,38 +19,34 @@ namespace vd::win32 {
 inline constexpr DISPID kEditCustomDsEvent = 1;
 inline constexpr DISPID kEditCustomDsvEvent = 2;
 
-class VarDeskUIObject final : public DualDispatch<_VarDeskUI>,
-                              public IConnectionPointContainer,
-                              public IProvideClassInfo2,
-                              public ISupportErrorInfo {
+class VarDeskUIObject final : public ComObject<VarDeskUIObject, DualDispatch<_VarDeskUI>, IConnectionPointContainer,
+                                               IProvideClassInfo2, ISupportErrorInfo> {
+  friend ComObject;
+
  public:
   // The class factory's creation: an object over the default core (defined
   // with MakeDefaultUiCore, in the component's own library).
-  static HRESULT Create(REFIID iid, void** out);
+  static HRESULT Create(REFIID iid, void** out) noexcept;
   // An object over the given core (a host program may bring its own).
   static ComPtr<_VarDeskUI> CreateWithCore(std::unique_ptr<UiCore> core);
 
-  HRESULT STDMETHODCALLTYPE QueryInterface(REFIID iid, void** out) override;
-  ULONG STDMETHODCALLTYPE AddRef() override { return refs_.Up(); }
-  ULONG STDMETHODCALLTYPE Release() override;
-
-  HRESULT STDMETHODCALLTYPE IsModified(VARIANT_BOOL* modified) override;
-  HRESULT STDMETHODCALLTYPE EditDataSources(IDispatch* display) override;
+  HRESULT STDMETHODCALLTYPE IsModified(VARIANT_BOOL* modified) noexcept override;
+  HRESULT STDMETHODCALLTYPE EditDataSources(IDispatch* display) noexcept override;
   HRESULT STDMETHODCALLTYPE SelectDataVar(IDispatch* display, LONG context, LONG dsvType, LONG rows, LONG cols,
-                                          IDispatch** selected) override;
-  HRESULT STDMETHODCALLTYPE get_HelpFile(BSTR* path) override;
-  HRESULT STDMETHODCALLTYPE put_HelpFile(BSTR path) override;
-  HRESULT STDMETHODCALLTYPE putref_Communication(IDispatch* comm) override;
-  HRESULT STDMETHODCALLTYPE put_Communication(IDispatch* comm) override;
-  HRESULT STDMETHODCALLTYPE get_Communication(IDispatch** comm) override;
+                                          IDispatch** selected) noexcept override;
+  HRESULT STDMETHODCALLTYPE get_HelpFile(BSTR* path) noexcept override;
+  HRESULT STDMETHODCALLTYPE put_HelpFile(BSTR path) noexcept override;
+  HRESULT STDMETHODCALLTYPE putref_Communication(IDispatch* comm) noexcept override;
+  HRESULT STDMETHODCALLTYPE put_Communication(IDispatch* comm) noexcept override;
+  HRESULT STDMETHODCALLTYPE get_Communication(IDispatch** comm) noexcept override;
 
-  HRESULT STDMETHODCALLTYPE EnumConnectionPoints(IEnumConnectionPoints** points) override;
-  HRESULT STDMETHODCALLTYPE FindConnectionPoint(REFIID iid, IConnectionPoint** point) override;
+  HRESULT STDMETHODCALLTYPE EnumConnectionPoints(IEnumConnectionPoints** points) noexcept override;
+  HRESULT STDMETHODCALLTYPE FindConnectionPoint(REFIID iid, IConnectionPoint** point) noexcept override;
 
-  HRESULT STDMETHODCALLTYPE GetClassInfo(ITypeInfo** info) override;
-  HRESULT STDMETHODCALLTYPE GetGUID(DWORD kind, GUID* guid) override;
+  HRESULT STDMETHODCALLTYPE GetClassInfo(ITypeInfo** info) noexcept override;
+  HRESULT STDMETHODCALLTYPE GetGUID(DWORD kind, GUID* guid) noexcept override;
 
-  HRESULT STDMETHODCALLTYPE InterfaceSupportsErrorInfo(REFIID iid) override;
+  HRESULT STDMETHODCALLTYPE InterfaceSupportsErrorInfo(REFIID iid) noexcept override;
 
  private:
   explicit VarDeskUIObject(std::unique_ptr<UiCore> core);
@@ -61,7 +57,6 @@ class VarDeskUIObject final : public DualDispatch<_VarDeskUI>,
   void RaiseObjectEvent(DISPID event, automation::ObjectRef& obj);
   HRESULT SetCommunication(IDispatch* comm);
 
-  RefCount refs_;
   ConnectionPoint events_;
   std::unique_ptr<UiCore> core_;
 };

@@ -1,5 +1,6 @@
 #include "views/control_lookup.h"
 
+#include "com/boundary.h"
 #include "vd/automation/text.h"
 #include "views/wide_text.h"
 
@@ -17,18 +18,22 @@ struct Search {
   HWND found = nullptr;
 };
 
-BOOL CALLBACK MatchForm(HWND window, LPARAM lParam) {
+BOOL CALLBACK MatchForm(HWND window, LPARAM lParam) noexcept {
   auto& search = *reinterpret_cast<Search*>(lParam);
-  if (!IsWindowVisible(window) || !vd::automation::EqualsIgnoreCase(PublishedName(window), search.name)) return TRUE;
-  search.found = window;
-  return FALSE;
+  return ContainOr<BOOL>(FALSE, [&]() -> BOOL {
+    if (!IsWindowVisible(window) || !vd::automation::EqualsIgnoreCase(PublishedName(window), search.name)) return TRUE;
+    search.found = window;
+    return FALSE;
+  });
 }
 
-BOOL CALLBACK MatchControl(HWND window, LPARAM lParam) {
+BOOL CALLBACK MatchControl(HWND window, LPARAM lParam) noexcept {
   auto& search = *reinterpret_cast<Search*>(lParam);
-  if (!vd::automation::EqualsIgnoreCase(PublishedName(window), search.name)) return TRUE;
-  search.found = window;
-  return FALSE;
+  return ContainOr<BOOL>(FALSE, [&]() -> BOOL {
+    if (!vd::automation::EqualsIgnoreCase(PublishedName(window), search.name)) return TRUE;
+    search.found = window;
+    return FALSE;
+  });
 }
 
 }  // namespace

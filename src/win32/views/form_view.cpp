@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "com/boundary.h"
 #include "vd/forms/forms.h"
 #include "views/activation_context.h"
 #include "views/control_factory.h"
@@ -35,21 +36,17 @@ ControlWindow* RecordOf(HWND window) {
 
 // The window procedures: no exception leaves them.
 struct WindowProcedures {
-  static INT_PTR CALLBACK DialogProc(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
+  static INT_PTR CALLBACK DialogProc(HWND window, UINT message, WPARAM wParam, LPARAM lParam) noexcept {
     if (message == WM_INITDIALOG) {
       SetWindowLongPtrW(window, DWLP_USER, lParam);
       return FALSE;  // the view gives the focus itself
     }
     auto* view = reinterpret_cast<FormView*>(GetWindowLongPtrW(window, DWLP_USER));
     if (view == nullptr || view->window_ != window) return FALSE;
-    try {
-      return view->DialogMessage(message, wParam, lParam);
-    } catch (...) {
-      return FALSE;
-    }
+    return ContainOr<INT_PTR>(FALSE, [&] { return view->DialogMessage(message, wParam, lParam); });
   }
 
-  static LRESULT CALLBACK ControlProc(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
+  static LRESULT CALLBACK ControlProc(HWND window, UINT message, WPARAM wParam, LPARAM lParam) noexcept {
     ControlWindow* record = RecordOf(window);
     if (record == nullptr) return DefWindowProcW(window, message, wParam, lParam);
     const WNDPROC original = window == record->edit ? record->editProc : record->windowProc;
@@ -57,11 +54,9 @@ struct WindowProcedures {
       SetWindowLongPtrW(window, GWLP_USERDATA, 0);
       return CallWindowProcW(original, window, message, wParam, lParam);
     }
-    try {
-      return record->view->ControlMessage(*record, window, message, wParam, lParam);
-    } catch (...) {
-      return 0;  // nothing of the view throws past its own guards; should anything, it stops here
-    }
+    // Nothing of the view throws past its own guards; should anything, it stops here.
+    return ContainOr<LRESULT>(0,
+                              [&] { return record->view->ControlMessage(*record, window, message, wParam, lParam); });
   }
 };
 

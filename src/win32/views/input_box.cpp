@@ -1,5 +1,6 @@
 #include "views/input_box.h"
 
+#include "com/boundary.h"
 #include "views/activation_context.h"
 #include "views/control_lookup.h"
 #include "views/dialog_template.h"
@@ -71,32 +72,35 @@ void WithdrawNames(HWND dialog) {
   WithdrawName(dialog);
 }
 
-INT_PTR CALLBACK InputBoxProc(HWND dialog, UINT message, WPARAM wParam, LPARAM lParam) {
-  try {
-    if (message == WM_INITDIALOG) {
-      SetWindowLongPtrW(dialog, DWLP_USER, lParam);
-      Build(dialog, *reinterpret_cast<const InputBoxState*>(lParam));
-      return FALSE;  // the focus is in the text box
-    }
-    if (message == WM_DESTROY) {
-      WithdrawNames(dialog);
-      return FALSE;
-    }
-    auto* state = reinterpret_cast<InputBoxState*>(GetWindowLongPtrW(dialog, DWLP_USER));
-    if (message != WM_COMMAND || state == nullptr) return FALSE;
-    if (LOWORD(wParam) == IDOK) {
-      state->answer = WindowText(GetDlgItem(dialog, kInputBoxTextId));
-      EndDialog(dialog, IDOK);
-      return TRUE;
-    }
-    if (LOWORD(wParam) == IDCANCEL) {
-      EndDialog(dialog, IDCANCEL);
-      return TRUE;
-    }
-  } catch (...) {
-    EndDialog(dialog, IDCANCEL);
-  }
-  return FALSE;
+INT_PTR CALLBACK InputBoxProc(HWND dialog, UINT message, WPARAM wParam, LPARAM lParam) noexcept {
+  return Contain(
+      [&]() -> INT_PTR {
+        if (message == WM_INITDIALOG) {
+          SetWindowLongPtrW(dialog, DWLP_USER, lParam);
+          Build(dialog, *reinterpret_cast<const InputBoxState*>(lParam));
+          return FALSE;  // the focus is in the text box
+        }
+        if (message == WM_DESTROY) {
+          WithdrawNames(dialog);
+          return FALSE;
+        }
+        auto* state = reinterpret_cast<InputBoxState*>(GetWindowLongPtrW(dialog, DWLP_USER));
+        if (message != WM_COMMAND || state == nullptr) return FALSE;
+        if (LOWORD(wParam) == IDOK) {
+          state->answer = WindowText(GetDlgItem(dialog, kInputBoxTextId));
+          EndDialog(dialog, IDOK);
+          return TRUE;
+        }
+        if (LOWORD(wParam) == IDCANCEL) {
+          EndDialog(dialog, IDCANCEL);
+          return TRUE;
+        }
+        return FALSE;
+      },
+      [&]() noexcept -> INT_PTR {
+        EndDialog(dialog, IDCANCEL);
+        return FALSE;
+      });
 }
 
 }  // namespace

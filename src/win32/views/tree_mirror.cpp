@@ -23,7 +23,7 @@ int ShownSelectedImage(const Node& node) {
 
 }  // namespace
 
-int CALLBACK TreeMirror::CompareOrder(LPARAM first, LPARAM second, LPARAM /*unused*/) {
+int CALLBACK TreeMirror::CompareOrder(LPARAM first, LPARAM second, LPARAM /*unused*/) noexcept {
   return reinterpret_cast<const Item*>(first)->order - reinterpret_cast<const Item*>(second)->order;
 }
 

@@ -62,7 +62,7 @@ class TreeMirror {
     bool expanded = false;  // as the window shows it
   };
 
-  static int CALLBACK CompareOrder(LPARAM first, LPARAM second, LPARAM unused);
+  static int CALLBACK CompareOrder(LPARAM first, LPARAM second, LPARAM unused) noexcept;
   LRESULT Send(UINT message, WPARAM wParam, LPARAM lParam) const;
   template <class Argument>
   LRESULT Send(UINT message, WPARAM wParam, Argument* argument) const {

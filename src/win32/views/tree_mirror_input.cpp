@@ -145,7 +145,8 @@ LRESULT TreeMirror::AnswerQuery(WPARAM query, LPARAM argument) {
         Send(TVM_ENSUREVISIBLE, 0, item->handle);
       });
       RECT text{};
-      std::memcpy(&text, &item->handle, sizeof(item->handle));  // the window reads the item from the rectangle
+      // The window reads the item handle itself (not what it points at) from the rectangle.
+      std::memcpy(&text, &item->handle, sizeof(item->handle));  // NOLINT(bugprone-sizeof-expression)
       if (Send(TVM_GETITEMRECT, TRUE, &text) == FALSE) return 0;
       return MAKELPARAM((text.left + text.right) / 2, (text.top + text.bottom) / 2);
     }

@@ -1,59 +1,19 @@
 #pragma once
-// Owners of the Win32 handles the views create, one per kind of release call.
+// The views' handle owners (the one owner template of com/unique_handle.h)
+// and two scoped device-context helpers.
 #include <windows.h>
 
 #include <utility>
 
+#include "com/unique_handle.h"
+
 namespace vd::win32::views {
 
-template <class Handle, class Traits>
-class UniqueHandle {
- public:
-  UniqueHandle() = default;
-  explicit UniqueHandle(Handle handle) : handle_(handle) {}
-  UniqueHandle(const UniqueHandle&) = delete;
-  UniqueHandle& operator=(const UniqueHandle&) = delete;
-  UniqueHandle(UniqueHandle&& other) noexcept : handle_(std::exchange(other.handle_, Traits::Invalid())) {}
-  UniqueHandle& operator=(UniqueHandle&& other) noexcept {
-    if (this != &other) Reset(std::exchange(other.handle_, Traits::Invalid()));
-    return *this;
-  }
-  ~UniqueHandle() { Reset(); }
-
-  [[nodiscard]] Handle Get() const { return handle_; }
-  [[nodiscard]] bool Valid() const { return handle_ != Traits::Invalid(); }
-  explicit operator bool() const { return Valid(); }
-  Handle Release() { return std::exchange(handle_, Traits::Invalid()); }
-  void Reset(Handle handle = Traits::Invalid()) {
-    if (Valid()) Traits::Close(handle_);
-    handle_ = handle;
-  }
-
- private:
-  Handle handle_ = Traits::Invalid();
-};
-
-struct KernelHandleTraits {
-  static HANDLE Invalid() { return nullptr; }
-  static void Close(HANDLE handle) { CloseHandle(handle); }
-};
-struct GdiObjectTraits {
-  static HGDIOBJ Invalid() { return nullptr; }
-  static void Close(HGDIOBJ object) { DeleteObject(object); }
-};
-struct WindowTraits {
-  static HWND Invalid() { return nullptr; }
-  static void Close(HWND window) { DestroyWindow(window); }
-};
-struct ActivationContextTraits {
-  static HANDLE Invalid() { return INVALID_HANDLE_VALUE; }
-  static void Close(HANDLE context) { ReleaseActCtx(context); }
-};
-
-using KernelHandle = UniqueHandle<HANDLE, KernelHandleTraits>;
-using GdiObject = UniqueHandle<HGDIOBJ, GdiObjectTraits>;
-using WindowHandle = UniqueHandle<HWND, WindowTraits>;
-using ActivationContextHandle = UniqueHandle<HANDLE, ActivationContextTraits>;
+using vd::win32::ActivationContextHandle;
+using vd::win32::GdiObject;
+using vd::win32::KernelHandle;
+using vd::win32::UniqueHandle;
+using vd::win32::WindowHandle;
 
 // A screen device context for the scope.
 class ScreenDc {
