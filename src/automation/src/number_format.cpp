@@ -100,12 +100,24 @@ String& CurrentSeparator() {
   static String separator = u".";
   return separator;
 }
+String (*&CurrentSource())() {
+  static String (*source)() = nullptr;
+  return source;
+}
 }  // namespace
 
 String FormatGeneral(double value) { return FormatShortest(value, 15); }
 String FormatGeneral(float value) { return FormatShortest(value, 7); }
 
 void SetDecimalSeparator(String separator) { CurrentSeparator() = separator.empty() ? u"." : std::move(separator); }
-const String& DecimalSeparator() { return CurrentSeparator(); }
+
+void SetDecimalSeparatorSource(String (*source)()) { CurrentSource() = source; }
+
+const String& DecimalSeparator() {
+  // Read at every use when the platform gives a source, so that a number is
+  // shown with the separator its parser reads at the same moment.
+  if (const auto source = CurrentSource(); source != nullptr) SetDecimalSeparator(source());
+  return CurrentSeparator();
+}
 
 }  // namespace vd::automation

@@ -79,11 +79,12 @@ String UserDecimalSeparator() {
 
 void InstallWindowsNumberSyntax() {
   SetNumberParser(ParseWithUserLocale);
-  SetDecimalSeparator(UserDecimalSeparator());
+  SetDecimalSeparatorSource(UserDecimalSeparator);
 }
 
 void UninstallWindowsNumberSyntax() {
   SetNumberParser({});
+  SetDecimalSeparatorSource(nullptr);
   SetDecimalSeparator({});
 }
 

@@ -33,8 +33,11 @@ String FormatGeneral(float value);
 // The decimal separator the general number format writes: "." unless the
 // platform sets the one its number syntax reads (on Windows the user locale's,
 // see number_parser_win32.h). An empty text restores ".". Not thread-safe: set
-// it once at start-up, together with the number parser.
+// it once at start-up, together with the number parser. A source, when set, is
+// asked at every use instead (the user may change the locale while the
+// component is loaded); nullptr removes it.
 void SetDecimalSeparator(String separator);
+void SetDecimalSeparatorSource(String (*source)());
 [[nodiscard]] const String& DecimalSeparator();
 
 // Whether the text reads as a number under the current number syntax (see
