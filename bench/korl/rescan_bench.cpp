@@ -15,6 +15,7 @@
 #include "platform/testing/fake_registry.h"
 #include "platform/testing/memory_file_service.h"
 #include "scada/sa_data_sources.h"
+#include "silent_ui.h"
 #include "vd/sample/memory_toolkit.h"
 #include "vd/sample/sample_file.h"
 #include "vd/sample/simulated_scada.h"
@@ -33,22 +34,7 @@ String Name(int32_t i) {
   return vd::automation::FromUtf8(buffer);
 }
 
-// Answers nothing; the rescan only repaints its label.
-class SilentUi final : public vd::forms::UiServices {
- public:
-  int32_t MsgBox(vd::automation::StringView, int32_t, const std::optional<String>&) override { return vd::forms::vbOK; }
-  String InputBox(vd::automation::StringView, vd::automation::StringView, vd::automation::StringView) override {
-    return {};
-  }
-  String OpenFileDialog(const vd::forms::Form*, vd::automation::StringView, vd::automation::StringView,
-                        vd::automation::StringView, uint32_t) override {
-    return {};
-  }
-  bool StartProgramAndWait(vd::automation::StringView) override { return false; }
-  void BringToFront(const vd::forms::Form&) override {}
-  void SetScreenMousePointer(int16_t) override {}
-  void RefreshNow(const vd::forms::Control&) override {}
-};
+using vd::bench::SilentUi;
 
 // One SCADA data source of kVariables status colour variables, each with its object in the system.
 vd::sample::SampleDisplay Feeders() {

@@ -14,6 +14,7 @@
 #include "platform/services.h"
 #include "platform/testing/fake_registry.h"
 #include "platform/testing/memory_file_service.h"
+#include "silent_ui.h"
 #include "vd/sample/large_display.h"
 
 namespace {
@@ -21,22 +22,7 @@ namespace {
 using vd::automation::String;
 using vd::automation::ToDecimal;
 
-// Answers nothing: an editing run that only builds the tree asks nothing of the desktop.
-class SilentUi final : public vd::forms::UiServices {
- public:
-  int32_t MsgBox(vd::automation::StringView, int32_t, const std::optional<String>&) override { return vd::forms::vbOK; }
-  String InputBox(vd::automation::StringView, vd::automation::StringView, vd::automation::StringView) override {
-    return {};
-  }
-  String OpenFileDialog(const vd::forms::Form*, vd::automation::StringView, vd::automation::StringView,
-                        vd::automation::StringView, uint32_t) override {
-    return {};
-  }
-  bool StartProgramAndWait(vd::automation::StringView) override { return false; }
-  void BringToFront(const vd::forms::Form&) override {}
-  void SetScreenMousePointer(int16_t) override {}
-  void RefreshNow(const vd::forms::Control&) override {}
-};
+using vd::bench::SilentUi;
 
 const vd::sample::SampleDisplay& LargeDisplay() {
   static const vd::sample::SampleDisplay sample = vd::sample::GenerateLargeDisplay();

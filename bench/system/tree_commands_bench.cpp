@@ -20,6 +20,7 @@
 #include "platform/services.h"
 #include "platform/testing/fake_registry.h"
 #include "platform/testing/memory_file_service.h"
+#include "silent_ui.h"
 #include "vd/automation/text.h"
 #include "vd/sample/large_display.h"
 #include "vd/sample/memory_toolkit.h"
@@ -44,22 +45,7 @@ using vd::automation::ToDecimal;
 
 constexpr char16_t kAbsentText[] = u"no such tag";
 
-// Answers every message box with OK and asks nothing else of the desktop.
-class SilentUi final : public vd::forms::UiServices {
- public:
-  int32_t MsgBox(vd::automation::StringView, int32_t, const std::optional<String>&) override { return vd::forms::vbOK; }
-  String InputBox(vd::automation::StringView, vd::automation::StringView, vd::automation::StringView) override {
-    return {};
-  }
-  String OpenFileDialog(const vd::forms::Form*, vd::automation::StringView, vd::automation::StringView,
-                        vd::automation::StringView, uint32_t) override {
-    return {};
-  }
-  bool StartProgramAndWait(vd::automation::StringView) override { return false; }
-  void BringToFront(const vd::forms::Form&) override {}
-  void SetScreenMousePointer(int16_t) override {}
-  void RefreshNow(const vd::forms::Control&) override {}
-};
+using vd::bench::SilentUi;
 
 struct Browser {
   SilentUi ui;
