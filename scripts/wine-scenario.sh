@@ -73,30 +73,48 @@ else
   done
 fi
 
-robot=
-if [[ $file == *.robot ]]; then
-  # The robot runs in the host's environment too: Wine writes the user locale's
-  # settings to the registry at each program's start, so both must agree.
-  (cd "$bin" && exec env "${envs[@]}" timeout 300 "$WINE" vd_robot.exe --log "$(wine_winpath "$work/robot.log")" \
-    "$(wine_winpath "$file")" </dev/null >/dev/null 2>&1) &
-  robot=$!
+# run_once: the robot (for a .robot file) and the host side by side; sets
+# robot_status and host_status. The robot's own output goes to robot.err.
+run_once() {
+  local robot= host
+  rm -f "$work/robot.log"
+  if [[ $file == *.robot ]]; then
+    # The robot runs in the host's environment too: Wine writes the user locale's
+    # settings to the registry at each program's start, so both must agree.
+    (cd "$bin" && exec env "${envs[@]}" timeout 300 "$WINE" vd_robot.exe --log "$(wine_winpath "$work/robot.log")" \
+      "$(wine_winpath "$file")" </dev/null >"$work/robot.err" 2>&1) &
+    robot=$!
+  fi
+  (cd "$bin" && exec env "${envs[@]}" timeout 300 "${command[@]}" </dev/null >"$work/host.out" 2>"$work/host.err") &
+  host=$!
+  host_stopped=
+  if [[ -n $robot ]]; then
+    wait "$robot"
+    robot_status=$?
+    # Once the robot has ended, the host ends too: it has 30 s, then it is stopped.
+    timeout 30 tail --pid="$host" -f /dev/null || { kill "$host" 2>/dev/null; host_stopped=yes; }
+  fi
+  wait "$host"
+  host_status=$?
+}
+
+run_once
+# A robot that wrote no log never reached its first step: Wine did not start
+# it. That says nothing of the component; say what Wine printed and run the
+# scenario once more.
+if [[ $file == *.robot && ! -e $work/robot.log ]]; then
+  echo "note - the robot did not start (status $robot_status); Wine printed:"
+  tr -d '\r' <"$work/robot.err" | grep -v '^fixme' | tail -n 20
+  echo "note - the scenario runs once more"
+  run_once
 fi
-(cd "$bin" && exec env "${envs[@]}" timeout 300 "${command[@]}" </dev/null >"$work/host.out" 2>"$work/host.err") &
-host=$!
-if [[ -n $robot ]]; then
-  wait "$robot"
-  robot_status=$?
-  # Once the robot has ended, the host ends too: it has 30 s, then it is stopped.
-  timeout 30 tail --pid="$host" -f /dev/null || { kill "$host" 2>/dev/null; fail "the host did not end after the robot"; }
-fi
-wait "$host"
-host_status=$?
+[[ -n $host_stopped ]] && fail "the host did not end after the robot"
 tr -d '\r' <"$work/host.out" >"$work/host.txt"
 cat "$work/host.txt"
 
-if [[ -n $robot ]]; then
-  tr -d '\r' <"$work/robot.log" >"$work/robot.txt" 2>/dev/null
-  cat "$work/robot.txt"
+if [[ $file == *.robot ]]; then
+  { tr -d '\r' <"$work/robot.log" >"$work/robot.txt"; } 2>/dev/null
+  cat "$work/robot.txt" 2>/dev/null
   if ((${#robot_lines[@]})); then
     in_order "the robot" "$work/robot.txt" "${robot_lines[@]}"
   else
