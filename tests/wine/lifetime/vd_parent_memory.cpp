@@ -31,8 +31,7 @@ DWORD ParentProcessId() {
 int wmain() {
   const DWORD parent = ParentProcessId();
   if (parent == 0) return 0;
-  const vd::win32::KernelHandle process(
-      OpenProcess(PROCESS_QUERY_INFORMATION | PROCESS_VM_READ, FALSE, parent));
+  const vd::win32::KernelHandle process(OpenProcess(PROCESS_QUERY_INFORMATION | PROCESS_VM_READ, FALSE, parent));
   if (!process) return 0;
   PROCESS_MEMORY_COUNTERS_EX memory{};
   memory.cb = sizeof memory;
