@@ -72,13 +72,6 @@ TEST(ComboBoxList, TheSelectionFollowsItsEntryThroughInsertAndRemove) {
   }
 }
 
-TEST(ComboBoxList, ReadingOneBeyondTheLastEntryGivesEmptyText) {
-  EventLogForm form;
-  Fill(form.cboEdit, {u"Lev", u"Level"});
-  EXPECT_EQ(form.cboEdit.List(form.cboEdit.ListCount()), u"");
-  EXPECT_EQ(form.cboEdit.List(-1), u"");
-}
-
 TEST(ComboBoxList, OutOfRangeAccessRaisesTheClassicErrors) {
   const struct {
     const char* name;
@@ -115,26 +108,6 @@ TEST(ComboBoxText, ADropDownListTakesNoTyping) {
   EXPECT_FALSE(form.cboList.UserTypeKeys(u"F"));
   EXPECT_EQ(form.cboList.Text(), u"");
   EXPECT_TRUE(form.log.empty());
-}
-
-TEST(ComboBoxPick, DropsDownThenPicksFromTheListAsItIsThen) {
-  EventLogForm form;
-  form.cboEdit.SetText(u"5");
-  // The list is rebuilt on every drop-down, keeping the typed text.
-  form.cboEdit.onDropDown = [&] {
-    const String text = form.cboEdit.Text();
-    form.cboEdit.Clear();
-    form.cboEdit.AddItem(u"5 - Plant");
-    form.cboEdit.AddItem(u"6 - Spare");
-    form.log.push_back("reloaded, text " + vd::automation::ToUtf8(text));
-  };
-  form.log.clear();
-  ASSERT_TRUE(form.cboEdit.UserPick(u"6 - Spare"));
-  EXPECT_EQ(form.log, (Logs{"cboEdit.GotFocus", "reloaded, text 5", "cboEdit.Click"}));
-  EXPECT_EQ(form.cboEdit.ListIndex(), 1);
-  EXPECT_EQ(form.cboEdit.Text(), u"6 - Spare");
-  EXPECT_FALSE(form.cboEdit.UserPick(u"7 - None"));
-  EXPECT_FALSE(form.cboEdit.UserPick(5));
 }
 
 }  // namespace

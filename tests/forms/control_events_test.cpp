@@ -228,40 +228,6 @@ class ChangeRecorder : public PropertyObserver {
   std::vector<std::string> changes;
 };
 
-TEST(PropertyObserver, HearsEachChangeOnceAndNothingForTheSameValue) {
-  using R = ChangeRecorder;
-  const struct {
-    const char* name;
-    Step change;
-    Logs changes;
-  } cases[] = {
-      {"SameCaption", [](EventLogForm& f) { f.lblName.SetCaption(u""); }, {}},
-      {"Move",
-       [](EventLogForm& f) { f.cmdOK.Move(10, 0, 30, 0); },
-       {R::Entry("cmdOK", Property::kLeft), R::Entry("cmdOK", Property::kWidth)}},
-      {"AddItem", [](EventLogForm& f) { f.cboEdit.AddItem(u"x"); }, {R::Entry("cboEdit", Property::kListItemAdded, 0)}},
-      {"OptionGroup",
-       [](EventLogForm& f) {
-         f.optForm1.SetValue(true);
-         f.optForm2.SetValue(true);
-       },
-       {R::Entry("optForm1", Property::kValue), R::Entry("optForm1", Property::kValue),
-        R::Entry("optForm2", Property::kValue)}},
-      {"NodeAddedAndRenamed",
-       [](EventLogForm& f) { f.treItems.Nodes().Add(Variant(), tvwLast, u"k", u"t")->SetText(u"u"); },
-       {R::Entry("treItems", Property::kNodeAdded, -1, "k"), R::Entry("treItems", Property::kNodeText, -1, "k")}},
-      {"Focus", [](EventLogForm& f) { f.txtName.SetFocus(); }, {R::Entry("form", Property::kActiveControl)}},
-  };
-  for (const auto& c : cases) {
-    EventLogForm form;
-    ChangeRecorder recorder;
-    form.AddObserver(recorder);
-    c.change(form);
-    EXPECT_EQ(recorder.changes, c.changes) << c.name;
-    form.RemoveObserver(recorder);
-  }
-}
-
 TEST(PropertyObserver, ARemovedSubtreeIsReportedBeforeItGoesWithTheSelectionAfter) {
   EventLogForm form;
   BuildTree(form.treItems, 2, 1);

@@ -110,37 +110,6 @@ TEST(ModalShow, ADialogShownFromAHandlerTakesTheNextSteps) {
   EXPECT_NE(std::find(outer.log.begin(), outer.log.end(), "inner returned, text Level"), outer.log.end());
 }
 
-TEST(KeyPreview, KeyDownReachesTheFormFirstWhicheverControlHasTheFocus) {
-  const struct {
-    const char* name;
-    bool preview;
-    bool formSwallows;
-    Control* (*focus)(EventLogForm&);
-    Logs events;
-  } cases[] = {
-      {"PreviewOn",
-       true,
-       false,
-       [](EventLogForm& f) -> Control* { return &f.txtName; },
-       {"form.KeyDown 114/1", "txtName.KeyDown 114/1"}},
-      {"PreviewSwallows", true, true, [](EventLogForm& f) -> Control* { return &f.txtName; }, {"form.KeyDown 114/1"}},
-      {"PreviewOff", false, false, [](EventLogForm& f) -> Control* { return &f.txtName; }, {"txtName.KeyDown 114/1"}}};
-  for (const auto& c : cases) {
-    EventLogForm form;
-    form.SetKeyPreview(c.preview);
-    if (Control* target = c.focus(form)) target->SetFocus();
-    if (c.formSwallows) {
-      form.onKeyDown = [&form](int16_t& code, int16_t shift) {
-        form.log.push_back("form.KeyDown " + std::to_string(code) + "/" + std::to_string(shift));
-        code = 0;
-      };
-    }
-    form.log.clear();
-    ASSERT_TRUE(form.UserKeyDown(vbKeyF3, vbShiftMask)) << c.name;
-    EXPECT_EQ(form.log, c.events) << c.name;
-  }
-}
-
 }  // namespace
 }  // namespace vd::forms::test
 

@@ -249,18 +249,5 @@ TEST(TreeSelection, CollapsingMovesTheSelectionFromBelowToTheCollapsedNode) {
   }
 }
 
-TEST(TreeHitTest, AnswersTheNodeTheMouseLastMovedOverUntilItIsRemoved) {
-  EventLogForm form;
-  BuildTree(form.treItems, 1, 1);
-  const NodeRef node = form.treItems.Nodes().Item(u"1:1");
-  NodeRef hitInHandler;
-  form.treItems.onMouseMove = [&](int16_t, int16_t, float x, float y) { hitInHandler = form.treItems.HitTest(x, y); };
-  ASSERT_TRUE(form.treItems.UserMouseMove(0, 0, 120, 45, node));
-  EXPECT_EQ(hitInHandler, node);
-  EXPECT_EQ(form.treItems.HitTest(120, 46), nullptr);
-  form.treItems.Nodes().Remove(u"1:1");
-  EXPECT_EQ(form.treItems.HitTest(120, 45), nullptr);
-}
-
 }  // namespace
 }  // namespace vd::forms::test

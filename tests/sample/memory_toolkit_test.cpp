@@ -20,12 +20,6 @@ std::shared_ptr<MemoryDisplay> DisplayWith(const std::vector<String>& memoryName
   return display;
 }
 
-std::vector<String> DsNames(MemoryDsList& list) {
-  std::vector<String> names;
-  for (int32_t i = 1; i <= list.DsCount(); ++i) names.push_back(list.DsItem(i)->GetDsName());
-  return names;
-}
-
 std::vector<String> DsvNames(MemoryDsvList& vars) {
   std::vector<String> names;
   for (int32_t j = 1; j <= vars.DsvCount(); ++j) names.push_back(vars.DsvItem(j)->GetDsvName());
@@ -107,31 +101,6 @@ TEST(MemoryToolkitAddDsv, SkipsNamesTakenIgnoringCaseAndFreesNamesOfDeletedVaria
   vars->Item(2)->SetDsvName(u"x");          // and so is "var4"
   EXPECT_EQ(vars->Add()->GetDsvName(), u"var3");
   EXPECT_EQ(vars->Add()->GetDsvName(), u"var4");
-}
-
-TEST(MemoryToolkitMoves, RefuseAtTheEndsAndSwapNeighboursElsewhere) {
-  const struct {
-    int32_t index;
-    bool up;
-    bool moved;
-    std::vector<String> order;
-  } cases[] = {{1, true, false, {u"a", u"b", u"c"}},
-               {2, true, true, {u"b", u"a", u"c"}},
-               {2, false, true, {u"a", u"c", u"b"}},
-               {3, false, false, {u"a", u"b", u"c"}}};
-  for (const auto& c : cases) {
-    auto display = DisplayWith({u"a", u"b", u"c"});
-    auto list = display->DataSources();
-    auto ds = list->DsItem(c.index);
-    EXPECT_EQ(c.up ? ds->DsMoveUp() : ds->DsMoveDown(), c.moved) << c.index << c.up;
-    EXPECT_EQ(DsNames(*list), c.order) << c.index << c.up;
-
-    auto vars = display->DataSources()->Add(kind::kMemory, u"")->Variables();
-    for (const char16_t* name : {u"a", u"b", u"c"}) vars->Add()->SetDsvName(name);
-    auto dsv = vars->DsvItem(c.index);
-    EXPECT_EQ(c.up ? dsv->DsvMoveUp() : dsv->DsvMoveDown(), c.moved) << c.index << c.up;
-    EXPECT_EQ(DsvNames(*vars), c.order) << c.index << c.up;
-  }
 }
 
 TEST(MemoryToolkitDeletes, RefuseVariablesInUseAndDataSourcesHoldingThem) {

@@ -129,47 +129,6 @@ TEST_F(SimulatedScadaTest, ValidationFollowsChangedAttributes) {
             automation::err::kInvalidProcedureCall);
 }
 
-TEST_F(SimulatedScadaTest, FaultSwitchesMakeCallsRaiseAndTheLogStillRecordsThem) {
-  const struct {
-    ScadaCall call;
-    std::function<void(SimulatedScada&)> invoke;
-  } calls[] = {{ScadaCall::kGetApplications,
-                [](SimulatedScada& s) {
-                  Variant a, b;
-                  s.GetApplications(a, b);
-                }},
-               {ScadaCall::kExecuteKorl,
-                [](SimulatedScada& s) {
-                  Variant r;
-                  s.ExecuteKorl(kPathRequest, r);
-                }},
-               {ScadaCall::kScriptFileChanged, [](SimulatedScada& s) { s.ScriptFileChanged(u"/x/PICT/A.KORL"); }},
-               {ScadaCall::kExecuteKorlInApp,
-                [](SimulatedScada& s) {
-                  Variant r;
-                  s.ExecuteKorlInApp(1, kPathRequest, r);
-                }},
-               {ScadaCall::kValidateItem, [](SimulatedScada& s) {
-                  Variant v;
-                  s.ValidateItem(u"\\\\SYS_WD\\1:OV", v);
-                }}};
-  scada.SetSystemDown(true);
-  for (const auto& c : calls) EXPECT_EQ(RaisedBy([&] { c.invoke(scada); }).number, scada_err::kSystemDown);
-  ASSERT_EQ(scada.Calls().size(), std::size(calls));
-  for (size_t i = 0; i < std::size(calls); ++i) EXPECT_EQ(scada.Calls()[i].call, calls[i].call);
-  EXPECT_TRUE(scada.ScriptFileNotices().empty()) << "a failed notice is not taken";
-  scada.SetSystemDown(false);
-
-  for (const auto& failing : calls) {
-    scada.SetCallFails(failing.call, true);
-    for (const auto& c : calls) {
-      const int32_t expected = c.call == failing.call ? scada_err::kInjectedFault : 0;
-      EXPECT_EQ(RaisedBy([&] { c.invoke(scada); }).number, expected);
-    }
-    scada.SetCallFails(failing.call, false);
-  }
-}
-
 TEST_F(SimulatedScadaTest, RefusesDuplicateApplicationsAndObjects) {
   EXPECT_EQ(RaisedBy([&] {
               scada.AddObject({1, u"rw_p101", u'p', 10, {}, std::nullopt});

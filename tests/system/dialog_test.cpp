@@ -101,19 +101,6 @@ TEST(DataBrowserLifecycle, LoadShowsTheDataSourceFrameUnloadReleasesTheRun) {
   EXPECT_EQ(ui.BroughtToFront(), std::vector<String>{u"frmDataBrowser"});
 }
 
-TEST(ScadaDataSource, IsACustomDataSourceWhoseFirstOfAtLeastTwoParametersIsTheMarkerText) {
-  const std::pair<const char*, bool> cases[] = {
-      {R"("className": "TelvaneDV.DataSource")", true},
-      {R"("className": "X", "params": [ { "type": "text", "value": "Telvane DV DataSource" } ])", false},
-      {R"("className": "X", "params": [ { "type": "number", "value": 1 }, { "type": "empty" } ])", false}};
-  BrowserHarness h;
-  for (const auto& [params, scada] : cases) {
-    auto d = DisplayFromJson(std::string(R"({ "dataSources": [ { "name": "S", "kind": "custom", )") + params + "} ] }");
-    EXPECT_EQ(h.inside.IsTelvaneDataSource(d->GetDataSources()->DsItem(1)), scada) << params;
-  }
-  EXPECT_FALSE(h.inside.IsTelvaneDataSource(h.plant->GetDataSources()->DsItem(1)));
-}
-
 // --- The tree's events ---
 
 class TreeEvents : public ::testing::Test {

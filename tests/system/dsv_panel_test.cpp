@@ -84,30 +84,6 @@ TEST_F(DsvPanel, ASortedDataSourceTicksSortAndLocksTheMoves) {
   EXPECT_TRUE(h.dlg.cmdMoveUp.Enabled() && h.dlg.cmdMoveDown.Enabled());
 }
 
-TEST_F(DsvPanel, TypeListFollowsTheDataSourceKind) {
-  const std::vector<String> all = {u"Double", u"Float", u"Long",  u"ULong", u"Short",
-                                   u"UShort", u"Byte",  u"UByte", u"Text"};
-  const std::vector<int32_t> codes = {8, 7, 5, 6, 3, 4, 1, 2, 9};
-  struct Case {
-    const char16_t* key;
-    std::vector<String> entries;
-    const char16_t* selected;
-  };
-  const Case cases[] = {{u"2:1", {u"Float"}, u"Float"},          // constant: Float whatever the variable's type
-                        {u"3:1", {u"Float", u"Text"}, u"Text"},  // ASCII file: anything but Float shows Text
-                        {u"4:1", all, u"Long"}};                 // binary file
-  for (const Case& c : cases) {
-    Look(c.key);
-    EXPECT_EQ(TypeEntries(), c.entries) << ToUtf8(c.key);
-    EXPECT_EQ(h.dlg.cboDsvType.Text(), c.selected) << ToUtf8(c.key);
-  }
-  for (int32_t i = 0; i < 9; ++i) EXPECT_EQ(h.dlg.cboDsvType.ItemData(i), codes[static_cast<size_t>(i)]);
-  EXPECT_EQ(h.Var(2, 1)->GetDsvType(), dsvtype::kDouble);  // a look does not change the type
-  h.Var(3, 1)->SetDsvType(dsvtype::kFloat);
-  Look(u"3:1");
-  EXPECT_EQ(h.dlg.cboDsvType.Text(), u"Float");
-}
-
 TEST_F(DsvPanel, ShapeShowsOptionsAndDimensionsByTypeAndParameterList) {
   struct Case {
     const char16_t* key;
@@ -172,24 +148,6 @@ TEST_F(DsvPanel, ChoosingATypeWritesItAndResetsTheShape) {
   }
 }
 
-TEST_F(DsvPanel, ShapeOptionsSetRowsAndColumns) {
-  // Variable, option clicked (0 scalar, 1 vector, 2 matrix), rows and columns after.
-  const std::tuple<const char16_t*, int, int32_t, int32_t> cases[] = {
-      {u"1:2", 1, 1, 5},   // 3 x 5 to a vector keeps its 5 columns
-      {u"1:4", 2, 2, 4},   // a vector of 4 to a matrix keeps 4
-      {u"1:1", 2, 2, 2}};  // a scalar to a matrix is 2 x 2
-  for (const auto& [key, option, rows, cols] : cases) {
-    Look(key);
-    forms::OptionButton* options[] = {&h.dlg.optDsvScalar, &h.dlg.optDsvVector, &h.dlg.optDsvMatrix};
-    ASSERT_TRUE(options[option]->UserClick());
-    const auto dsv = h.dlg.GetSelectedDsv();
-    EXPECT_EQ(dsv->GetDsvRows(), rows) << ToUtf8(key) << " option " << option;
-    EXPECT_EQ(dsv->GetDsvCols(), cols) << ToUtf8(key) << " option " << option;
-    EXPECT_EQ(h.dlg.txtDsvRows.Text(), rows >= 2 ? automation::ToDecimal(rows) : String());
-    EXPECT_EQ(h.dlg.txtDsvCols.Text(), cols >= 2 ? automation::ToDecimal(cols) : String());
-  }
-}
-
 TEST_F(DsvPanel, DimensionEntriesWriteWhatConvertsAndRefuseOtherText) {
   struct Case {
     bool rows;
@@ -220,50 +178,6 @@ TEST_F(DsvPanel, DimensionEntriesWriteWhatConvertsAndRefuseOtherText) {
   ASSERT_EQ(h.ui.MessageBoxes().size(), 1u);
   EXPECT_EQ(h.ui.MessageBoxes()[0].title, h.dlg.Caption());
   EXPECT_EQ(ErrorOf([&] { h.dlg.txtDsvCols.UserType(u"-1"); }), 5);  // the toolkit's refusal is not trapped
-}
-
-TEST_F(DsvPanel, ValueBoxWritesNumbersAndRestoresTheValueFromTheFocusOtherwise) {
-  struct Case {
-    const char16_t* typed;
-    double written;           // the value while the box holds the text
-    const char16_t* refused;  // quoted by the message on leaving, nullptr for none
-    const char16_t* left;     // the box after leaving it
-  };
-  const Case cases[] = {{u" -4 ", -4, nullptr, u" -4 "},
-                        {u"1e", 1.5, u"1e", u"1.5"},
-                        {u"a  b", 1.5, u"a b", u"1.5"},
-                        {u"", 1.5, nullptr, u"1.5"}};
-  Look(u"2:1");
-  for (const Case& c : cases) {
-    const std::string label = ToUtf8(c.typed);
-    h.Var(2, 1)->SetDsvValue(1.5);
-    ASSERT_TRUE(h.dlg.txtDsvValue.UserFocus()) << label;  // saves 1.5
-    ASSERT_TRUE(h.dlg.txtDsvValue.UserType(u"9")) << label;
-    ASSERT_TRUE(h.dlg.txtDsvValue.UserType(c.typed)) << label;
-    EXPECT_EQ(h.Var(2, 1)->GetDsvValue(), c.written == 1.5 ? 9 : c.written) << label;
-    if (c.refused != nullptr)
-      h.ui.ExpectMessageBox(u"Invalid numeric value: '" + String(c.refused) + u"'", vbExclamation);
-    ASSERT_TRUE(h.dlg.txtDsvName.UserFocus()) << label;
-    EXPECT_EQ(h.dlg.txtDsvValue.Text(), c.left) << label;
-    // Restoring the saved value writes it back over what was typed meanwhile.
-    EXPECT_EQ(h.Var(2, 1)->GetDsvValue(), c.written) << label;
-    EXPECT_EQ(h.ui.PendingAnswers(), 0u) << label;
-  }
-  EXPECT_EQ(h.ui.MessageBoxes().back().title, h.dlg.Caption());
-}
-
-TEST_F(DsvPanel, NameAndScopeGoToTheVariableAtOnce) {
-  Look(u"1:2");
-  for (const char16_t* name : {u"Fl", u"", u"Level"}) {  // empty and taken names are the toolkit's business
-    ASSERT_TRUE(h.dlg.txtDsvName.UserType(name));
-    EXPECT_EQ(h.Var(1, 2)->GetDsvName(), name);
-    EXPECT_EQ(h.Node(u"1:2")->Text(), name);
-  }
-  ASSERT_TRUE(h.dlg.optDsvPublic.UserClick());
-  EXPECT_EQ(h.Var(1, 2)->GetDsvScope(), toolkit::scope::kPublic);
-  ASSERT_TRUE(h.dlg.optDsvPrivate.UserClick());
-  EXPECT_EQ(h.Var(1, 2)->GetDsvScope(), toolkit::scope::kPrivate);
-  EXPECT_EQ(h.Var(1, 1)->GetDsvScope(), toolkit::scope::kPublic);
 }
 
 TEST_F(DsvPanel, MoreHandsTheVariableToTheHostThenRebuildsItsDataSource) {

@@ -143,51 +143,5 @@ TEST(DsSortFlags, GrowEachRunNeverShrinkAndSortTheirDataSourcesVariables) {
   EXPECT_EQ(h.Node(u"_Only1")->Child()->Text(), u"A");
 }
 
-// Answers any count; every data source is the same one.
-class ManyDataSources final : public toolkit::DsList {
- public:
-  ManyDataSources(int32_t count, toolkit::DsRef each) : count_(count), each_(std::move(each)) {}
-  int32_t DsCount() override { return count_; }
-  toolkit::DsRef DsItem(int32_t) override { return each_; }
-  toolkit::DsRef AddDs(int32_t, const String&) override { return nullptr; }
-
- private:
-  int32_t count_;
-  toolkit::DsRef each_;
-};
-
-class DisplayOf final : public toolkit::Display {
- public:
-  explicit DisplayOf(toolkit::DsListRef list) : list_(std::move(list)) {}
-  toolkit::DsListRef GetDataSources() override { return list_; }
-
- private:
-  toolkit::DsListRef list_;
-};
-
-TEST(IntegerCounts, MoreThan32767DataSourcesOrVariablesIsAnOverflowNotAWrap) {
-  BrowserHarness h;
-  const toolkit::DsRef same = h.plant->GetDataSources()->DsItem(2);
-  const auto dataSources = [&](int32_t n) {
-    return std::make_shared<DisplayOf>(std::make_shared<ManyDataSources>(n, same));
-  };
-  EXPECT_EQ(ErrorOf([&] { h.desk.EditDataSources(dataSources(32768)); }), automation::err::kOverflow);
-  EXPECT_EQ(ErrorOf([&] { h.desk.SelectDataVar(dataSources(32768), 1, 501, 0, 0); }), automation::err::kOverflow);
-  h.dlg.InitDBForEdit(dataSources(32767));
-  EXPECT_EQ(h.inside.DsNodeCount(), 32767);
-  EXPECT_EQ(h.Node(u"_Empty32767")->Index(), 32767);
-
-  auto one = DisplayFromJson(R"({ "dataSources": [ { "name": "Big", "kind": "memory" } ] })");
-  auto vars = one->DataSources()->Item(1)->Variables();
-  for (int i = 0; i < 32767; ++i) vars->Add();
-  h.dlg.InitDBForEdit(one);
-  // A variable node beyond the Integer range still finds its data source.
-  h.Node(u"1:32767")->SetSelected(true);
-  EXPECT_EQ(h.dlg.treDataSources.SelectedItem()->Index(), 32768);
-  EXPECT_EQ(h.inside.GetCurrentDsIndex(), 1);
-  vars->Add();
-  EXPECT_EQ(ErrorOf([&] { h.dlg.InitDBForEdit(one); }), automation::err::kOverflow);
-}
-
 }  // namespace
 }  // namespace vd::system_test
