@@ -24,8 +24,8 @@ CheckEqual "HelpFile can be emptied", ui.HelpFile, ""
 Set ui.Communication = New ScriptComm
 Check "Communication reads as Nothing after it was set", ui.Communication Is Nothing
 
-Set d = NewPlantDisplay()
-r = handler.SetSelectedVariable(d.List.DsItem(1).GetDsVars().DsvItem(1))
+Set d = SampleDisplay("{'dataSources': [{'name': 'Tanks', 'kind': 'memory', 'variables': [{'name': 'Level'}]}]}")
+r = handler.SetSelectedVariable(d.GetDataSources().DsItem(1).GetDsVars().DsvItem(1))
 Check "SetSelectedVariable returns Empty", IsEmpty(r)
 Check "GetSelectedVariable is Nothing after SetSelectedVariable", handler.GetSelectedVariable() Is Nothing
 r = handler.SetSelectedVariable(Nothing)
