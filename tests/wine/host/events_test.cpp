@@ -20,7 +20,6 @@
 #include "recording_sink.h"
 #include "server/var_desk_ui_object.h"
 #include "vd/automation/error.h"
-#include "vd/sample/simulated_scada.h"
 
 namespace vd::testhost {
 namespace {
@@ -203,19 +202,6 @@ TEST(VarDeskUITest, TheSelectedVariableGoesBackAsTheHostsObject) {
   auto holder = std::dynamic_pointer_cast<win32::DispatchHolder>(f.core->selected);
   ASSERT_TRUE(holder);
   EXPECT_EQ(selected.Get(), holder->Dispatch());
-}
-
-TEST(VarDeskUITest, CommunicationIsHandedOnAndReadsAsNothing) {
-  Fixture f;
-  auto comm = std::make_shared<sample::SimulatedScada>();
-  ComPtr<IDispatch> dispatch = win32::ExposeObject(comm);
-  EXPECT_EQ(f.ui->putref_Communication(dispatch.Get()), S_OK);
-  EXPECT_EQ(f.core->communication.get(), comm.get());
-  ComPtr<IDispatch> read;
-  EXPECT_EQ(f.ui->get_Communication(read.Put()), S_OK);
-  EXPECT_FALSE(read);
-  EXPECT_EQ(f.ui->putref_Communication(nullptr), S_OK);
-  EXPECT_EQ(f.core->communication, nullptr);
 }
 
 }  // namespace

@@ -45,6 +45,7 @@ INSTANTIATE_TEST_SUITE_P(
                     RoundTrip{"double", Variant(-0.1), VT_R8}, RoundTrip{"true", Variant(true), VT_BOOL},
                     RoundTrip{"false", Variant(false), VT_BOOL}, RoundTrip{"text", Variant(u" two  blanks "), VT_BSTR},
                     RoundTrip{"empty text", Variant(u""), VT_BSTR},
+                    RoundTrip{"nul and emoji", Variant(automation::String(u"a\0b \U0001F600", 6)), VT_BSTR},
                     RoundTrip{"array", Variant(automation::Array{3, {Variant(int16_t{1}), Variant(u"a"), Variant()}}),
                               VT_ARRAY | VT_VARIANT},
                     RoundTrip{"nested array",
