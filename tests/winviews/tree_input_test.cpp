@@ -13,21 +13,6 @@ using Log = std::vector<std::string>;
 const std::vector<std::string> kTreeEvents{"treItems.NodeClick", "treItems.Click", "treItems.DblClick",
                                            "treItems.Collapse", "treItems.Expand"};
 
-TEST_F(DialogTest, ArrowKeySelectsTheNextNodeAsAClick) {
-  script
-      .Then("select by code",
-            [&] {
-              Node(SampleForm::VarKey(1, 4))->SetSelected(true);
-              SetFocus(Tree());
-              PostKey(Tree(), VK_DOWN);
-            })
-      .Then("check", [&] {
-        EXPECT_EQ(form.Events(kTreeEvents), (Log{"treItems.NodeClick:1:5", "treItems.Click"}));
-        EXPECT_EQ(form.treItems.SelectedItem()->Key(), u"1:5");
-      });
-  script.Run();
-}
-
 TEST_F(DialogTest, MinusSignCollapsesTheNodeAndTakesTheSelectionFromBelowIt) {
   POINT minus{};
   script.Then("select a variable", [&] { Node(SampleForm::VarKey(2, 3))->SetSelected(true); })
@@ -58,19 +43,6 @@ TEST_F(DialogTest, LeftArrowOnAnExpandedNodeCollapsesIt) {
       .Then("check", [&] {
         EXPECT_FALSE(Node(SampleForm::DsKey(1))->Expanded());
         EXPECT_EQ(form.Events(kTreeEvents), Log{"treItems.Collapse:_Source1"});
-      });
-  script.Run();
-}
-
-TEST_F(DialogTest, DoubleClickRaisesDblClickAndLeavesTheExpansion) {
-  script.Then("double click", [&] { PostMouseDoubleClick(Tree(), NodePoint(SampleForm::DsKey(1))); })
-      .Then("check", [&] {
-        // The first click, then the double click: its click first, then DblClick.
-        EXPECT_EQ(form.Events(kTreeEvents),
-                  (Log{"treItems.NodeClick:_Source1", "treItems.Click", "treItems.NodeClick:_Source1", "treItems.Click",
-                       "treItems.DblClick"}));
-        EXPECT_TRUE(Node(SampleForm::DsKey(1))->Expanded());
-        EXPECT_NE(TreeItemState(Tree(), Item(SampleForm::DsKey(1))) & TVIS_EXPANDED, 0u);
       });
   script.Run();
 }
