@@ -1,5 +1,6 @@
 // The user's mouse and keys on the tree's window reach the tree's entry
-// points: NodeClick, Collapse, Expand, DblClick, MouseMove and its pointer.
+// points: Collapse, MouseMove (the node under it: the form's HitTest) and its
+// pointer (NodeClick, DblClick and arrow keys: the robot's target run).
 #include <string>
 #include <vector>
 
@@ -72,16 +73,6 @@ TEST_F(DialogTest, MouseMoveNamesTheNodeUnderItAndShowsTheTreesPointer) {
               PostMouseMove(Tree(), {client.right - 5, client.bottom - 5});
             })
       .Then("check nothing", [&] { EXPECT_EQ(form.Events({"treItems.MouseMove"}).back(), "treItems.MouseMove:0:0:"); });
-  script.Run();
-}
-
-TEST_F(DialogTest, HitTestOfTheFormAsksTheWindow) {
-  script.Then("check", [&] {
-    const POINT at = NodePoint(SampleForm::VarKey(2, 5));
-    const vd::forms::NodeRef node = form.treItems.HitTest(static_cast<float>(at.x * 15), static_cast<float>(at.y * 15));
-    ASSERT_TRUE(node);
-    EXPECT_EQ(node->Key(), u"2:5");
-  });
   script.Run();
 }
 
