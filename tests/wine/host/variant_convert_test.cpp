@@ -1,4 +1,5 @@
-// Variant <-> VARIANT: every kind, arrays with their bounds, objects both ways.
+// Variant <-> VARIANT: every kind, arrays with their bounds (a round trip
+// keeps the lower bound; a host's typed array is read with its own), objects both ways.
 #include <gtest/gtest.h>
 
 #include <cmath>
@@ -58,16 +59,6 @@ INSTANTIATE_TEST_SUITE_P(
         if (ch == ' ') ch = '_';
       return name;
     });
-
-TEST(VariantConvertTest, ArrayKeepsItsLowerBound) {
-  win32::UniqueVariant v = ToVariant(Variant(automation::Array{5, {Variant(int32_t{1}), Variant(int32_t{2})}}));
-  LONG lower = 0;
-  LONG upper = 0;
-  SafeArrayGetLBound(v.Ref().parray, 1, &lower);
-  SafeArrayGetUBound(v.Ref().parray, 1, &upper);
-  EXPECT_EQ(lower, 5);
-  EXPECT_EQ(upper, 6);
-}
 
 struct Incoming {
   const char* name;
