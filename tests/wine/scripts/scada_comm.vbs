@@ -51,22 +51,21 @@ Class TestScada
   End Sub
 End Class
 
-' A read-only variable of the station with its item id and mapping code
-' (Spare, of no application, has only these three parameters).
-Function Variable(name, dsvType, itemId, mapping)
+' A read-only variable of the station: a text parameter, its item id and its
+' mapping code, then as many text parameters as tail says.
+Const kEmpty = "{'type': 'text', 'value': ''}"
+Function Variable(name, dsvType, itemId, mapping, tail)
   Variable = "{'name': '" & name & "', 'type': '" & dsvType & "', 'scope': 'public', 'access': 1, 'params': [" & _
-    kEmpty & ", {'type': 'text', 'value': '" & itemId & "'}, {'type': 'number', 'value': " & mapping & "}"
-  If name <> "Spare" Then Variable = Variable & ", " & kEmpty & ", " & kEmpty
-  Variable = Variable & "]}"
+    kEmpty & ", {'type': 'text', 'value': '" & itemId & "'}, {'type': 'number', 'value': " & mapping & "}" & _
+    Replace(Space(tail), " ", ", " & kEmpty) & "]}"
 End Function
 
 Dim ui, d, station, run, trend, spare, comm
 Set ui = CreateObject("VarDeskGUI.VarDeskUI")
-Const kEmpty = "{'type': 'text', 'value': ''}"
 Set d = SampleDisplay("{'dataSources': [{'name': 'Station', 'kind': 'custom', 'className': 'Riverside.Custom', " & _
   "'params': [{'type': 'text', 'value': 'Telvane DV DataSource'}, {'type': 'number', 'value': 1}, " & _
-  "{'type': 'number', 'value': 500}], 'variables': [" & Variable("Run", "Long", "\\APL\1\P\P101\10:OV", 0) & _
-  ", " & Variable("Trend", "Double", "\\APL\1\P\LT1\2:OV", 2) & ", " & Variable("Spare", "Double", "\\SYS\1:OV", 0) & "]}]}")
+  "{'type': 'number', 'value': 500}], 'variables': [" & Variable("Run", "Long", "\\APL\1\P\P101\10:OV", 0, 2) & _
+  ", " & Variable("Trend", "Double", "\\APL\1\P\LT1\2:OV", 2, 2) & ", " & Variable("Spare", "Double", "\\SYS\1:OV", 0, 0) & "]}]}")
 Set station = d.GetDataSources().DsItem(1)
 Set run = station.GetDsVars().DsvItem(1)
 Set trend = station.GetDsVars().DsvItem(2)
