@@ -50,9 +50,9 @@ std::shared_ptr<MemoryDsv> MemoryDsvList::Add() {
   const int32_t count = DsvCount();
   if (count >= maxVariables_) return nullptr;
   const bool floatOnly = kind_ == toolkit::kind::kFile || kind_ == toolkit::kind::kConstant;
-  auto dsv = std::shared_ptr<MemoryDsv>(new MemoryDsv(weak_from_this(), presence_, names_.Fresh(u"var", count + 1, u""),
-                                                      floatOnly ? toolkit::dsvtype::kFloat : toolkit::dsvtype::kDouble,
-                                                      kind_ == toolkit::kind::kCustom));
+  auto dsv = std::make_shared<MemoryDsv>(
+      MemoryDsv::Token{}, weak_from_this(), presence_, names_.Fresh(u"var", count + 1, u""),
+      floatOnly ? toolkit::dsvtype::kFloat : toolkit::dsvtype::kDouble, kind_ == toolkit::kind::kCustom);
   names_.Add(dsv->name_);
   items_.push_back(dsv);
   return dsv;
@@ -83,8 +83,8 @@ bool MemoryDsvList::Move(MemoryDsv* dsv, int32_t step) {
 
 // --- one variable ---
 
-MemoryDsv::MemoryDsv(std::weak_ptr<MemoryDsvList> list, std::shared_ptr<detail::Presence> parentPresence, String name,
-                     int32_t type, bool custom)
+MemoryDsv::MemoryDsv(Token /*unused*/, std::weak_ptr<MemoryDsvList> list,
+                     std::shared_ptr<detail::Presence> parentPresence, String name, int32_t type, bool custom)
     : list_(std::move(list)),
       presence_(std::make_shared<detail::Presence>(std::move(parentPresence))),
       name_(std::move(name)),
