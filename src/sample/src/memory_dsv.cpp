@@ -41,6 +41,15 @@ std::shared_ptr<MemoryDsv> MemoryDsvList::Item(int32_t index) {
     Raise(automation::err::kSubscriptOutOfRange,
           u"Data variable index " + ToDecimal(index) + u" is outside 1 to " + ToDecimal(count));
   }
+  // Readers walk the list in order: the next variables' memory is asked for
+  // now, so that it arrives while the caller works on this one.
+  const auto next = static_cast<size_t>(index);
+  if (next + 1 < items_.size()) __builtin_prefetch(items_[next + 1].get());
+  if (next < items_.size()) {
+    const MemoryDsv& following = *items_[next];
+    __builtin_prefetch(following.presence_.get());
+    __builtin_prefetch(following.name_.data());
+  }
   return items_[static_cast<size_t>(index) - 1];
 }
 
