@@ -1,7 +1,8 @@
 #include "component/windows_platform.h"
 
-#include "vd/automation/number_parser_win32.h"
+#include "vd/automation/numeric.h"
 #include "vd/forms/form.h"
+#include "win32/services/locale_numbers.h"
 #include "win32/services/open_file_dialog.h"
 
 namespace vd::win32 {
@@ -9,9 +10,9 @@ namespace vd::win32 {
 WindowsPlatform::WindowsPlatform() {
   // The file dialog the system describes is the ANSI one.
   ui_.SetOpenFileHandler(&services::ShowOpenFileNameDialog);
-  modalHost_.SetDialogKeys(u"frmFindDialog", {u"OKButton", u"CancelButton"});
   forms::Form::SetDefaultModalHost(&modalHost_);
-  automation::InstallWindowsNumberSyntax();
+  automation::SetNumberParser(&services::ParseLocaleNumber);
+  automation::SetDecimalSeparatorSource(&services::LocaleDecimalSeparator);
 }
 
 WindowsPlatform::~WindowsPlatform() {

@@ -260,11 +260,8 @@ void FormView::Show() {
     SetWindowPos(window_, nullptr, std::max<LONG>(at.x, 0), std::max<LONG>(at.y, 0), size.cx, size.cy,
                  SWP_NOZORDER | SWP_NOACTIVATE);
     // The button Enter presses shows as the default one.
-    const auto keys = context_.dialogKeys.find(form_.Name());
-    if (keys != context_.dialogKeys.end() && !keys->second.defaultButton.empty()) {
-      if (const Control* button = form_.FindControl(keys->second.defaultButton))
-        if (const ControlWindow* record = Find(button)) SendMessageW(window_, DM_SETDEFID, record->id, 0);
-    }
+    if (const Control* button = DialogKeyButton(IDOK))
+      if (const ControlWindow* record = Find(button)) SendMessageW(window_, DM_SETDEFID, record->id, 0);
     ShowWindow(window_, SW_SHOW);
     SetForegroundWindow(window_);
   });

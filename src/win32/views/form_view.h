@@ -105,6 +105,8 @@ class FormView final : public vd::forms::PropertyObserver, private MirrorHost {
   LRESULT ControlMessage(ControlWindow& record, HWND window, UINT message, WPARAM wParam, LPARAM lParam);
   void OnCommand(int id, int code, HWND control);
   void OnDialogKey(int id);
+  // The command button that Enter (IDOK) or Escape (IDCANCEL) presses, nullptr when none.
+  [[nodiscard]] vd::forms::Control* DialogKeyButton(int id) const;
   bool OnNotify(const NMHDR& header, LRESULT& result);
   void OnFocus(ControlWindow& record);
   bool SetCursorFor(const ControlWindow* record);

@@ -136,43 +136,27 @@ void FormView::OnCommand(int id, int code, HWND /*control*/) {
       break;
     case ControlKind::kComboBox: {
       auto& combo = static_cast<vd::forms::ComboBox&>(control);
+      using Step = vd::forms::ComboBox::ListStep;
+      const auto pass = [&](Step step) {
+        const auto index = static_cast<int32_t>(SendMessageW(record->window, CB_GETCURSEL, 0, 0));
+        UserAction([&] { combo.UserList(step, index); });
+      };
       switch (code) {
         case CBN_DROPDOWN:
-          record->droppedDown = true;
-          record->pickClicked = false;
-          UserAction([&] { combo.UserDropDown(); });
+          pass(Step::kOpen);
           break;
         case CBN_CLOSEUP:
-          record->droppedDown = false;
+          pass(Step::kClose);
           break;
-        case CBN_SELCHANGE: {
-          // A changed entry: the arrow keys on the closed list, or the pick or
-          // the arrow keys in the open list (its DropDown came with CBN_DROPDOWN).
+        case CBN_SELCHANGE:
+        case CBN_SELENDOK:
           // A Click that set the combo's text (a command entry does) is shown
           // again once the combo has written its own entry into its edit field.
           PostMessageW(window_, kReapplyComboMessage, static_cast<WPARAM>(id), 0);
-          const auto index = static_cast<int32_t>(SendMessageW(record->window, CB_GETCURSEL, 0, 0));
-          if (index == combo.ListIndex()) break;
-          if (record->droppedDown) record->pickClicked = true;
-          UserAction([&] {
-            if (index < 0 || index >= combo.ListCount() || !combo.UserFocus()) return;
-            if (combo.IsShown() && combo.IsUsable()) combo.SetListIndex(index);
-          });
+          pass(code == CBN_SELCHANGE ? Step::kMove : Step::kEnd);
           break;
-        }
-        case CBN_SELENDOK: {
-          PostMessageW(window_, kReapplyComboMessage, static_cast<WPARAM>(id), 0);
-          // The end of a pick, which the list sends also when the entry picked
-          // is the one shown: that pick clicks too, unless a change of entry in
-          // this open list clicked already (whose Click may have moved the
-          // selection itself, as a command entry does).
-          if (std::exchange(record->pickClicked, false)) break;
-          const auto index = static_cast<int32_t>(SendMessageW(record->window, CB_GETCURSEL, 0, 0));
-          UserAction([&] { combo.UserChoose(index); });
-          break;
-        }
         case CBN_SELENDCANCEL:
-          record->pickClicked = false;
+          pass(Step::kCancel);
           break;
         case CBN_EDITCHANGE: {
           const String text = WindowText(record->window);
@@ -189,13 +173,18 @@ void FormView::OnCommand(int id, int code, HWND /*control*/) {
   }
 }
 
+Control* FormView::DialogKeyButton(int id) const {
+  for (Control* control : form_.AllControls()) {
+    if (control->Kind() != ControlKind::kCommandButton) continue;
+    const auto& button = static_cast<const vd::forms::CommandButton&>(*control);
+    if (id == IDOK ? button.Default() : button.Cancel()) return control;
+  }
+  return nullptr;
+}
+
 void FormView::OnDialogKey(int id) {
-  // Enter with the focus off any button, Escape: the buttons named for them.
-  const auto keys = context_.dialogKeys.find(form_.Name());
-  if (keys == context_.dialogKeys.end()) return;
-  const String& name = id == IDOK ? keys->second.defaultButton : keys->second.cancelButton;
-  if (name.empty()) return;
-  Control* button = form_.FindControl(name);
+  // Enter with the focus off any button, Escape: the form's Default and Cancel buttons.
+  Control* button = DialogKeyButton(id);
   if (button != nullptr) UserAction([&] { button->UserClick(); });
 }
 
