@@ -32,9 +32,9 @@ bool IsMouseMessage(UINT message) {
 }  // namespace
 
 bool FormView::PreTranslate(MSG& message) {
-  if (window_ == nullptr || !Owns(message.hwnd)) return false;
-  if (tooltip_ != nullptr && IsMouseMessage(message.message))
-    SendMessageW(tooltip_, TTM_RELAYEVENT, 0, reinterpret_cast<LPARAM>(&message));
+  if (window_.Get() == nullptr || !Owns(message.hwnd)) return false;
+  if (tooltip_.Get() != nullptr && IsMouseMessage(message.message))
+    SendMessageW(tooltip_.Get(), TTM_RELAYEVENT, 0, reinterpret_cast<LPARAM>(&message));
   switch (message.message) {
     case WM_KEYDOWN:
     case WM_SYSKEYDOWN:
@@ -65,8 +65,8 @@ bool FormView::PreTranslate(MSG& message) {
     default:
       break;
   }
-  if (!IsWindow(window_)) return true;
-  return IsDialogMessageW(window_, &message) != FALSE;
+  if (!IsWindow(window_.Get())) return true;
+  return IsDialogMessageW(window_.Get(), &message) != FALSE;
 }
 
 INT_PTR FormView::DialogMessage(UINT message, WPARAM wParam, LPARAM lParam) {
@@ -77,16 +77,16 @@ INT_PTR FormView::DialogMessage(UINT message, WPARAM wParam, LPARAM lParam) {
     case WM_NOTIFY: {
       LRESULT result = 0;
       if (!OnNotify(*reinterpret_cast<const NMHDR*>(lParam), result)) return FALSE;
-      SetWindowLongPtrW(window_, DWLP_MSGRESULT, result);
+      SetWindowLongPtrW(window_.Get(), DWLP_MSGRESULT, result);
       return TRUE;
     }
     case WM_CLOSE:  // the close box
       UserAction([&] { form_.UserClose(); });
       return TRUE;
     case WM_SETCURSOR:
-      if (reinterpret_cast<HWND>(wParam) != window_ || LOWORD(lParam) != HTCLIENT) return FALSE;
+      if (reinterpret_cast<HWND>(wParam) != window_.Get() || LOWORD(lParam) != HTCLIENT) return FALSE;
       if (!SetCursorFor(nullptr)) return FALSE;
-      SetWindowLongPtrW(window_, DWLP_MSGRESULT, TRUE);
+      SetWindowLongPtrW(window_.Get(), DWLP_MSGRESULT, TRUE);
       return TRUE;
     case WM_SIZE:
       Quietly([&] {
@@ -152,7 +152,7 @@ void FormView::OnCommand(int id, int code, HWND /*control*/) {
         case CBN_SELENDOK:
           // A Click that set the combo's text (a command entry does) is shown
           // again once the combo has written its own entry into its edit field.
-          PostMessageW(window_, kReapplyComboMessage, static_cast<WPARAM>(id), 0);
+          PostMessageW(window_.Get(), kReapplyComboMessage, static_cast<WPARAM>(id), 0);
           pass(code == CBN_SELCHANGE ? Step::kMove : Step::kEnd);
           break;
         case CBN_SELENDCANCEL:
