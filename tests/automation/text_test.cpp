@@ -1,7 +1,10 @@
+// UTF-8 conversion, decimal text, case mapping and blank handling.
 #include <gtest/gtest.h>
 
-#include <cctype>
+#include <climits>
+#include <random>
 
+#include "vd/automation/string.h"
 #include "vd/automation/text.h"
 
 namespace vd::automation {
@@ -12,42 +15,64 @@ struct TextPair {
   String out;
 };
 
-TEST(UCase, MapsLettersBeyondAscii) {
-  const TextPair cases[] = {
-      {u"", u""},
-      {u"abc xyz 09 !?", u"ABC XYZ 09 !?"},
-      {u"sta:sov10", u"STA:SOV10"},
-      {u"\u00E0\u00E9\u00EE\u00F5\u00FC", u"\u00C0\u00C9\u00CE\u00D5\u00DC"},  // àéîõü
-      {u"stra\u00DFe", u"STRA\u00DFE"},                                        // ß has no one-letter capital
-      {u"\u00FF", u"\u0178"},                                                  // ÿ
-      {u"\u00F7\u00D7", u"\u00F7\u00D7"},                                      // ÷ × are no letters
-      {u"\u0101\u0148\u017E", u"\u0100\u0147\u017D"},                          // ā ň ž
-      {u"\u0131", u"I"},                                                       // dotless i
-      {u"\u01C6\u01C5", u"\u01C4\u01C4"},                                      // dž and its title case
-      {u"\u03B1\u03C9\u03C2\u03AC\u03CE", u"\u0391\u03A9\u03A3\u0386\u038F"},  // Greek, final sigma, accents
-      {u"\u1F80\u1FB3", u"\u1F88\u1FBC"},                                      // with subscript iota
-      {u"\u043F\u0440\u0438\u0432\u0435\u0442\u0451", u"\u041F\u0420\u0418\u0412\u0415\u0422\u0401"},
-      {u"\u0561", u"\u0531"},                          // Armenian
-      {u"\u1EBF", u"\u1EBE"},                          // Vietnamese ế
-      {u"\u2170\u24D0\uFF41", u"\u2160\u24B6\uFF21"},  // ⅰ ⓐ full-width a
-      {u"\U00010428", u"\U00010428"},                  // a surrogate pair stays as it is
-      {u"\u6C34", u"\u6C34"},
-  };
-  for (const auto& c : cases) EXPECT_EQ(UCase(c.in), c.out) << ToUtf8(c.in);
+TEST(Utf8, RoundTripsAndReplacesEachIllFormedSubsequenceOnce) {
+  const struct {
+    std::string utf8;
+    String utf16;
+  } wellFormed[] = {{"K\xC3\xBChlung \xE2\x82\xAC", u"K\u00FChlung \u20AC"},
+                    {"\xF4\x8F\xBF\xBF", u"\U0010FFFF"},
+                    {std::string("a\0b", 3), String(u"a\0b", 3)}},
+    illFormed[] = {{"a\xC3", u"a\uFFFD"},
+                   {"\xE2\x82x", u"\uFFFDx"},
+                   {"\xC0\xAF", u"\uFFFD\uFFFD"},
+                   {"\xED\xA0\x80", u"\uFFFD\uFFFD\uFFFD"},
+                   {"\xF4\x90\x80\x80", u"\uFFFD\uFFFD\uFFFD\uFFFD"},
+                   {"\xC3\xC3\xA9", u"\uFFFD\u00E9"}};
+  for (const auto& c : wellFormed) {
+    EXPECT_EQ(FromUtf8(c.utf8), c.utf16) << c.utf8;
+    EXPECT_EQ(ToUtf8(c.utf16), c.utf8) << c.utf8;
+  }
+  for (const auto& c : illFormed) EXPECT_EQ(FromUtf8(c.utf8), c.utf16) << c.utf8;
+  EXPECT_EQ(ToUtf8(String{static_cast<char16_t>(0xDC00), static_cast<char16_t>(0xD800)}), "\xEF\xBF\xBD\xEF\xBF\xBD");
 }
 
-TEST(LCase, MapsLettersBeyondAscii) {
-  const TextPair cases[] = {
-      {u"ABC xyz 09", u"abc xyz 09"},
-      {u"\u00C0\u00DE", u"\u00E0\u00FE"},
-      {u"\u0178", u"\u00FF"},
-      {u"STRA\u1E9EE", u"stra\u00DFe"},  // capital sharp s
-      {u"\u0130", u"\u0130"},            // dotted capital I has no one-letter small form
-      {u"\u03A3\u0386", u"\u03C3\u03AC"},
-      {u"\u0401\u042F", u"\u0451\u044F"},
-      {u"\uFF21", u"\uFF41"},
+TEST(Utf8, RandomWellFormedTextSurvivesTheRoundTrip) {
+  std::mt19937 random(3);
+  for (int i = 0; i < 500; ++i) {
+    String text;
+    for (int k = 0; k < 20; ++k) {
+      const uint32_t cp = random() % 0x110000;
+      if (cp >= 0xD800 && cp <= 0xDFFF) continue;
+      if (cp >= 0x10000) {
+        text.push_back(static_cast<char16_t>(0xD800 + ((cp - 0x10000) >> 10)));
+        text.push_back(static_cast<char16_t>(0xDC00 + ((cp - 0x10000) & 0x3FF)));
+      } else {
+        text.push_back(static_cast<char16_t>(cp));
+      }
+    }
+    ASSERT_EQ(FromUtf8(ToUtf8(text)), text);
+  }
+}
+
+TEST(ToDecimal, WholeNumbersWithoutBlanks) {
+  EXPECT_EQ(ToDecimal(-12), u"-12");
+  EXPECT_EQ(ToDecimal(LLONG_MIN), u"-9223372036854775808");
+}
+
+TEST(CaseMapping, MapsLettersBeyondAscii) {
+  const TextPair upper[] = {
+      {u"abc xyz 09 !?", u"ABC XYZ 09 !?"},
+      {u"stra\u00DFe\u00FF\u00F7", u"STRA\u00DFE\u0178\u00F7"},    // ß stays, ÿ, ÷ is no letter
+      {u"\u0131\u01C6\u01C5", u"I\u01C4\u01C4"},                   // dotless i, dž and its title case
+      {u"\u03B1\u03C2\u03AC\u1F80", u"\u0391\u03A3\u0386\u1F88"},  // Greek, final sigma, subscript iota
+      {u"\u0451\u0561\u1EBF\u2170\u24D0\uFF41", u"\u0401\u0531\u1EBE\u2160\u24B6\uFF21"},
+      {u"\U00010428\u6C34", u"\U00010428\u6C34"},  // a surrogate pair stays as it is
   };
-  for (const auto& c : cases) EXPECT_EQ(LCase(c.in), c.out) << ToUtf8(c.in);
+  for (const auto& c : upper) EXPECT_EQ(UCase(c.in), c.out) << ToUtf8(c.in);
+  const TextPair lower[] = {{u"ABC\u00C0\u0178", u"abc\u00E0\u00FF"},
+                            {u"STRA\u1E9EE\u0130", u"stra\u00DFe\u0130"},  // capital sharp s; dotted I stays
+                            {u"\u03A3\u0401\uFF21", u"\u03C3\u0451\uFF41"}};
+  for (const auto& c : lower) EXPECT_EQ(LCase(c.in), c.out) << ToUtf8(c.in);
 }
 
 TEST(CompareIgnoreCase, OrdersByUpperCasedCodeUnits) {
@@ -55,63 +80,31 @@ TEST(CompareIgnoreCase, OrdersByUpperCasedCodeUnits) {
     String a;
     String b;
     int sign;
-  } cases[] = {
-      {u"", u"", 0},       {u"abc", u"ABC", 0},       {u"a", u"B", -1},      {u"B", u"a", 1},
-      {u"ab", u"abc", -1}, {u"abc", u"ab", 1},        {u"_", u"a", 1},  // 'A' (65) sorts before '_' (95)
-      {u"Z", u"_", -1},    {u"\u00E9", u"\u00C9", 0}, {u"a", u"\u00E0", -1}, {u"x1", u"X2", -1},
-  };
+  } cases[] = {{u"abc", u"ABC", 0},
+               {u"ab", u"abc", -1},
+               {u"_", u"a", 1},  // 'A' (65) sorts before '_' (95)
+               {u"\u00E9", u"\u00C9", 0},
+               {u"a", u"\u00E0", -1}};
   for (const auto& c : cases) {
     const int got = CompareIgnoreCase(c.a, c.b);
     EXPECT_EQ((got > 0) - (got < 0), c.sign) << ToUtf8(c.a) << " / " << ToUtf8(c.b);
     EXPECT_EQ(EqualsIgnoreCase(c.a, c.b), c.sign == 0) << ToUtf8(c.a) << " / " << ToUtf8(c.b);
   }
+  EXPECT_TRUE(ContainsIgnoreCase(u"Tank \u00C9COLE 1", u"\u00e9cole"));
+  EXPECT_TRUE(ContainsIgnoreCase(u"", u""));
+  EXPECT_FALSE(ContainsIgnoreCase(u"abc", u"abcd"));
+  EXPECT_FALSE(ContainsIgnoreCase(u"a b", u"ab"));
 }
 
-TEST(ContainsIgnoreCase, FindsTextAnywhere) {
-  const struct {
-    String haystack;
-    String needle;
-    bool found;
-  } cases[] = {
-      {u"Tank LEVEL 1", u"level", true},
-      {u"Tank LEVEL 1", u"LEVEL 2", false},
-      {u"abc", u"", true},
-      {u"", u"", true},
-      {u"", u"a", false},
-      {u"abc", u"abcd", false},
-      {u"\u00C9COLE", u"\u00E9cole", true},
-      {u"xABc", u"bC", true},
-      {u"a b", u"ab", false},
-  };
-  for (const auto& c : cases)
-    EXPECT_EQ(ContainsIgnoreCase(c.haystack, c.needle), c.found) << ToUtf8(c.haystack) << " / " << ToUtf8(c.needle);
-}
-
-TEST(NormalizeBlanks, CollapsesBlanksAndTabsOnly) {
-  const TextPair cases[] = {
-      {u"", u""},
-      {u"   ", u""},
-      {u"\t \t", u""},
-      {u"x", u"x"},
-      {u"  x", u"x"},
-      {u"x  ", u"x"},
-      {u"a  b", u"a b"},
-      {u"a\t\tb", u"a b"},
-      {u"\t a \t b\t", u"a b"},
-      {u" 1 . 5 ", u"1 . 5"},
-      {u"name   class   # comment", u"name class # comment"},
-      {u"a\nb", u"a\nb"},
-      {u"a\u00A0 b", u"a\u00A0 b"},
-      {u" a \r\n", u"a \r\n"},
-  };
-  for (const auto& c : cases) EXPECT_EQ(NormalizeBlanks(c.in), c.out) << ToUtf8(c.in);
-}
-
-TEST(Trim, RemovesBlanksOnly) {
-  const TextPair cases[] = {
-      {u"", u""}, {u"   ", u""}, {u"  a b  ", u"a b"}, {u"\ta\t", u"\ta\t"}, {u"x", u"x"}, {u" \tx", u"\tx"},
-  };
-  for (const auto& c : cases) EXPECT_EQ(Trim(c.in), c.out) << ToUtf8(c.in);
+TEST(Blanks, NormalizeCollapsesBlanksAndTabsTrimRemovesBlanksOnly) {
+  const TextPair normalized[] = {{u"\t \t", u""},
+                                 {u"\t a \t b\t", u"a b"},
+                                 {u"name   class   # comment", u"name class # comment"},
+                                 {u"a\u00A0 b", u"a\u00A0 b"},
+                                 {u" a \r\n", u"a \r\n"}};
+  for (const auto& c : normalized) EXPECT_EQ(NormalizeBlanks(c.in), c.out) << ToUtf8(c.in);
+  const TextPair trimmed[] = {{u"   ", u""}, {u"  a b  ", u"a b"}, {u" \tx\t", u"\tx\t"}};
+  for (const auto& c : trimmed) EXPECT_EQ(Trim(c.in), c.out) << ToUtf8(c.in);
 }
 
 }  // namespace

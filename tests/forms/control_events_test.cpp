@@ -1,136 +1,89 @@
+// What the controls raise and refuse: events on assignment, option groups,
+// focus moves, and what property observers hear.
 #include <gtest/gtest.h>
 
-#include <functional>
-
-#include "event_log_form.h"
-#include "vd/automation/error.h"
+#include "tree_fixture.h"
 
 namespace vd::forms::test {
 namespace {
 
 using Logs = std::vector<std::string>;
+using Step = std::function<void(EventLogForm&)>;
+using vd::automation::ToUtf8;
 
-struct AssignmentCase {
-  const char* name;
-  std::function<void(EventLogForm&)> before;
-  std::function<void(EventLogForm&)> assign;
-  Logs events;
-};
-
-class AssignmentEvents : public ::testing::TestWithParam<AssignmentCase> {};
-
-TEST_P(AssignmentEvents, FireOnlyWhenTheValueChanges) {
-  const AssignmentCase& c = GetParam();
-  EventLogForm form;
-  if (c.before) c.before(form);
-  form.log.clear();
-  c.assign(form);
-  EXPECT_EQ(form.log, c.events);
-}
-
-auto Nothing = [](EventLogForm&) {};
-
-INSTANTIATE_TEST_SUITE_P(
-    Controls, AssignmentEvents,
-    ::testing::Values(
-        AssignmentCase{
-            "TextDiffers", Nothing, [](EventLogForm& f) { f.txtName.SetText(u"Level"); }, {"txtName.Change"}},
-        AssignmentCase{"TextSame",
-                       [](EventLogForm& f) { f.txtName.SetText(u"Level"); },
-                       [](EventLogForm& f) { f.txtName.SetText(u"Level"); },
-                       {}},
-        AssignmentCase{"TextEmptyToEmpty", Nothing, [](EventLogForm& f) { f.txtName.SetText(u""); }, {}},
-        AssignmentCase{"TextDiffersInCaseOnly",
-                       [](EventLogForm& f) { f.txtName.SetText(u"level"); },
-                       [](EventLogForm& f) { f.txtName.SetText(u"Level"); },
-                       {"txtName.Change"}},
-        AssignmentCase{"TextOfDisabledBox",
-                       [](EventLogForm& f) { f.txtName.SetEnabled(false); },
-                       [](EventLogForm& f) { f.txtName.SetText(u"x"); },
-                       {"txtName.Change"}},
-        AssignmentCase{"CheckTicked", Nothing, [](EventLogForm& f) { f.chkAll.SetValue(vbChecked); }, {"chkAll.Click"}},
-        AssignmentCase{"CheckSame",
-                       [](EventLogForm& f) { f.chkAll.SetValue(vbChecked); },
-                       [](EventLogForm& f) { f.chkAll.SetValue(vbChecked); },
-                       {}},
-        AssignmentCase{"CheckUntickedAgain", Nothing, [](EventLogForm& f) { f.chkAll.SetValue(vbUnchecked); }, {}},
-        AssignmentCase{"CheckGrayed",
-                       [](EventLogForm& f) { f.chkAll.SetValue(vbChecked); },
-                       [](EventLogForm& f) { f.chkAll.SetValue(vbGrayed); },
-                       {"chkAll.Click"}},
-        AssignmentCase{"CheckWhileDisabled",
-                       [](EventLogForm& f) { f.chkAll.SetEnabled(false); },
-                       [](EventLogForm& f) { f.chkAll.SetValue(vbChecked); },
-                       {"chkAll.Click"}},
-        AssignmentCase{
-            "OptionSelected", Nothing, [](EventLogForm& f) { f.optForm1.SetValue(true); }, {"optForm1.Click"}},
-        AssignmentCase{"OptionSelectedAgain",
-                       [](EventLogForm& f) { f.optForm1.SetValue(true); },
-                       [](EventLogForm& f) { f.optForm1.SetValue(true); },
-                       {}},
-        AssignmentCase{"OptionCleared",
-                       [](EventLogForm& f) { f.optForm1.SetValue(true); },
-                       [](EventLogForm& f) { f.optForm1.SetValue(false); },
-                       {}},
-        AssignmentCase{"ListIndexChanged",
-                       [](EventLogForm& f) { f.cboList.AddItem(u"File"); },
-                       [](EventLogForm& f) { f.cboList.SetListIndex(0); },
-                       {"cboList.Click"}},
-        AssignmentCase{"ListIndexSame",
-                       [](EventLogForm& f) {
-                         f.cboList.AddItem(u"File");
-                         f.cboList.SetListIndex(0);
-                       },
-                       [](EventLogForm& f) { f.cboList.SetListIndex(0); },
-                       {}},
-        AssignmentCase{"ListIndexToNone",
-                       [](EventLogForm& f) {
-                         f.cboList.AddItem(u"File");
-                         f.cboList.SetListIndex(0);
-                       },
-                       [](EventLogForm& f) { f.cboList.SetListIndex(-1); },
-                       {"cboList.Click"}},
-        AssignmentCase{
-            "EditableComboText", Nothing, [](EventLogForm& f) { f.cboEdit.SetText(u"12 - Main"); }, {"cboEdit.Change"}},
-        AssignmentCase{"EditableComboSameText",
-                       [](EventLogForm& f) { f.cboEdit.SetText(u"5"); },
-                       [](EventLogForm& f) { f.cboEdit.SetText(u"5"); },
-                       {}},
-        AssignmentCase{"ListTextSelectsEntry",
-                       [](EventLogForm& f) { f.cboList.AddItem(u"Memory"); },
-                       [](EventLogForm& f) { f.cboList.SetText(u"memory"); },
-                       {"cboList.Click"}},
-        AssignmentCase{
-            "ButtonPressedFromCode", Nothing, [](EventLogForm& f) { f.cmdOK.SetValue(true); }, {"cmdOK.Click"}},
-        AssignmentCase{"ButtonValueFalse", Nothing, [](EventLogForm& f) { f.cmdOK.SetValue(false); }, {}},
-        AssignmentCase{"PropertiesWithoutEvents",
-                       Nothing,
-                       [](EventLogForm& f) {
-                         f.lblName.SetCaption(u"&Name:");
-                         f.cmdOK.SetEnabled(false);
-                         f.txtName.SetVisible(false);
-                         f.txtName.SetToolTipText(u"Delete ");
-                         f.txtName.SetTag(u"7");
-                         f.sbStatus.SetSimpleText(u"Select: Numeric, any shape.");
-                         f.pbProgress.SetValue(50);
-                       },
-                       {}}),
-    [](const ::testing::TestParamInfo<AssignmentCase>& param) { return std::string(param.param.name); });
-
-TEST(TextBoxChange, RunsBeforeTheAssignmentReturnsAndSeesTheNewText) {
-  EventLogForm form;
-  String seen;
-  form.txtName.onChange = [&] {
-    seen = form.txtName.Text();
-    form.log.push_back("Change");
+TEST(AssignmentEvents, FireOnlyWhenTheValueChanges) {
+  const struct {
+    const char* name;
+    Step before;
+    Step assign;
+    Logs events;
+  } cases[] = {
+      {"TextSame",
+       [](EventLogForm& f) { f.txtName.SetText(u"Level"); },
+       [](EventLogForm& f) { f.txtName.SetText(u"Level"); },
+       {}},
+      {"TextDiffersInCaseOnly",
+       [](EventLogForm& f) { f.txtName.SetText(u"level"); },
+       [](EventLogForm& f) { f.txtName.SetText(u"Level"); },
+       {"txtName.Change"}},
+      {"TextOfDisabledBox",
+       [](EventLogForm& f) { f.txtName.SetEnabled(false); },
+       [](EventLogForm& f) { f.txtName.SetText(u"x"); },
+       {"txtName.Change"}},
+      {"CheckUntickedAgain", nullptr, [](EventLogForm& f) { f.chkAll.SetValue(vbUnchecked); }, {}},
+      {"CheckGrayed",
+       [](EventLogForm& f) { f.chkAll.SetValue(vbChecked); },
+       [](EventLogForm& f) { f.chkAll.SetValue(vbGrayed); },
+       {"chkAll.Click"}},
+      {"OptionCleared",
+       [](EventLogForm& f) { f.optForm1.SetValue(true); },
+       [](EventLogForm& f) { f.optForm1.SetValue(false); },
+       {}},
+      {"ListIndexSame",
+       [](EventLogForm& f) {
+         f.cboList.AddItem(u"File");
+         f.cboList.SetListIndex(0);
+       },
+       [](EventLogForm& f) { f.cboList.SetListIndex(0); },
+       {}},
+      {"ListIndexToNone",
+       [](EventLogForm& f) {
+         f.cboList.AddItem(u"File");
+         f.cboList.SetListIndex(0);
+       },
+       [](EventLogForm& f) { f.cboList.SetListIndex(-1); },
+       {"cboList.Click"}},
+      {"ListTextSelectsEntry",
+       [](EventLogForm& f) { f.cboList.AddItem(u"Memory"); },
+       [](EventLogForm& f) { f.cboList.SetText(u"memory"); },
+       {"cboList.Click"}},
+      {"EditableComboSameText",
+       [](EventLogForm& f) { f.cboEdit.SetText(u"5"); },
+       [](EventLogForm& f) { f.cboEdit.SetText(u"5"); },
+       {}},
+      {"ButtonPressedFromCode", nullptr, [](EventLogForm& f) { f.cmdOK.SetValue(true); }, {"cmdOK.Click"}},
+      {"ButtonValueFalse", nullptr, [](EventLogForm& f) { f.cmdOK.SetValue(false); }, {}},
+      {"PropertiesWithoutEvents",
+       nullptr,
+       [](EventLogForm& f) {
+         f.lblName.SetCaption(u"&Name:");
+         f.txtName.SetVisible(false);
+         f.txtName.SetToolTipText(u"Delete ");
+         f.sbStatus.SetSimpleText(u"Select: Numeric, any shape.");
+         f.pbProgress.SetValue(50);
+       },
+       {}},
   };
-  form.txtName.SetText(u"Plant");
-  form.log.push_back("after");
-  EXPECT_EQ(seen, u"Plant");
-  EXPECT_EQ(form.log, (Logs{"Change", "after"}));
+  for (const auto& c : cases) {
+    EventLogForm form;
+    if (c.before) c.before(form);
+    form.log.clear();
+    c.assign(form);
+    EXPECT_EQ(form.log, c.events) << c.name;
+  }
 }
 
-TEST(TextBoxChange, AHandlerThatWritesTheSameTextBackEndsTheChain) {
+TEST(AssignmentEvents, AChangeHandlerThatWritesTheSameTextBackEndsTheChain) {
   EventLogForm form;
   int changes = 0;
   form.txtValue.onChange = [&] {
@@ -142,18 +95,159 @@ TEST(TextBoxChange, AHandlerThatWritesTheSameTextBackEndsTheChain) {
   EXPECT_EQ(form.txtValue.Text(), u"3");
 }
 
-TEST(CheckBoxValue, OutsideZeroToTwoIsRefused) {
+TEST(AssignmentEvents, ACheckBoxValueOutsideZeroToTwoIsRefusedAndChangesNothing) {
   EventLogForm form;
-  for (const int16_t value : {int16_t{-1}, int16_t{3}}) {
-    try {
-      form.chkAll.SetValue(value);
-      ADD_FAILURE() << value << " was accepted";
-    } catch (const vd::automation::AutomationError& e) {
-      EXPECT_EQ(e.Number(), err::kInvalidPropertyValue);
-    }
-  }
+  for (const int16_t value : {int16_t{-1}, int16_t{3}})
+    EXPECT_EQ(ErrorOf([&] { form.chkAll.SetValue(value); }), err::kInvalidPropertyValue) << value;
   EXPECT_EQ(form.chkAll.Value(), vbUnchecked);
   EXPECT_TRUE(form.log.empty());
+}
+
+std::vector<std::string> SelectedOptions(EventLogForm& form) {
+  std::vector<std::string> selected;
+  for (Control* control : form.AllControls()) {
+    auto* option = dynamic_cast<OptionButton*>(control);
+    if (option != nullptr && option->Value()) selected.push_back(ToUtf8(option->Name()));
+  }
+  return selected;
+}
+
+TEST(OptionGroups, SelectingClearsOnlyTheSameContainerAndClicksOnlyTheNewOne) {
+  const struct {
+    const char* name;
+    std::vector<OptionButton EventLogForm::*> before;
+    OptionButton EventLogForm::*assigned;
+    bool value;
+    Logs selectedAfter;
+    Logs events;
+  } cases[] = {
+      {"OtherFramesKeepTheirs",
+       {&EventLogForm::optLeft1, &EventLogForm::optRight1, &EventLogForm::optForm1},
+       &EventLogForm::optRight2,
+       true,
+       {"optLeft1", "optRight2", "optForm1"},
+       {"optRight2.Click"}},
+      {"FormGroupIgnoresFrames",
+       {&EventLogForm::optLeft2, &EventLogForm::optForm1},
+       &EventLogForm::optForm2,
+       true,
+       {"optLeft2", "optForm2"},
+       {"optForm2.Click"}},
+      {"AlreadySelected", {&EventLogForm::optLeft1}, &EventLogForm::optLeft1, true, {"optLeft1"}, {}},
+      {"ClearingAnUnselectedOne", {&EventLogForm::optLeft1}, &EventLogForm::optLeft2, false, {"optLeft1"}, {}},
+  };
+  for (const auto& c : cases) {
+    EventLogForm form;
+    for (OptionButton EventLogForm::*option : c.before) (form.*option).SetValue(true);
+    form.log.clear();
+    (form.*c.assigned).SetValue(c.value);
+    EXPECT_EQ(SelectedOptions(form), c.selectedAfter) << c.name;
+    EXPECT_EQ(form.log, c.events) << c.name;
+  }
+}
+
+TEST(OptionGroups, TheClickHandlerSeesTheOthersAlreadyCleared) {
+  EventLogForm form;
+  form.optLeft1.SetValue(true);
+  bool otherStillSet = true;
+  form.optLeft2.onClick = [&] { otherStillSet = form.optLeft1.Value(); };
+  form.optLeft2.SetValue(true);
+  EXPECT_FALSE(otherStillSet);
+}
+
+TEST(Focus, MovingFiresLostFocusOnTheOldControlThenGotFocusOnTheNew) {
+  EventLogForm form;
+  form.txtInFrame.SetFocus();
+  form.log.clear();
+  form.treItems.SetFocus();
+  form.treItems.SetFocus();
+  EXPECT_EQ(form.log, (Logs{"txtInFrame.LostFocus", "treItems.GotFocus"}));
+  EXPECT_EQ(form.ActiveControl(), &form.treItems);
+  form.log.clear();
+  ASSERT_TRUE(form.cmdOK.UserClick());
+  EXPECT_EQ(form.log, (Logs{"treItems.LostFocus", "cmdOK.GotFocus", "cmdOK.Click"}));
+}
+
+TEST(Focus, AControlThatCannotTakeItRaisesInvalidProcedureCallAndNothingMoves) {
+  const struct {
+    const char* name;
+    Step prepare;
+    const char16_t* target;
+  } cases[] = {
+      {"Disabled", [](EventLogForm& f) { f.txtName.SetEnabled(false); }, u"txtName"},
+      {"InHiddenFrame", [](EventLogForm& f) { f.fraRight.SetVisible(false); }, u"txtInFrame"},
+      {"InDisabledFrame", [](EventLogForm& f) { f.fraRight.SetEnabled(false); }, u"txtInFrame"},
+      {"OnDisabledForm", [](EventLogForm& f) { f.SetEnabled(false); }, u"txtName"},
+      {"Label", [](EventLogForm&) {}, u"lblName"},
+  };
+  for (const auto& c : cases) {
+    EventLogForm form;
+    form.cmdOK.SetFocus();
+    c.prepare(form);
+    form.log.clear();
+    EXPECT_EQ(ErrorOf([&] { form.FindControl(c.target)->SetFocus(); }), vd::automation::err::kInvalidProcedureCall)
+        << c.name;
+    EXPECT_EQ(form.ActiveControl(), &form.cmdOK) << c.name;
+    EXPECT_TRUE(form.log.empty()) << c.name;
+  }
+  for (const Step& prepare :
+       {Step([](EventLogForm& f) { f.cmdOK.SetVisible(false); }), Step([](EventLogForm& f) { f.SetEnabled(false); })}) {
+    EventLogForm form;
+    prepare(form);
+    EXPECT_FALSE(form.cmdOK.UserClick());
+    EXPECT_FALSE(form.cmdOK.UserFocus());
+    EXPECT_TRUE(form.log.empty());
+  }
+}
+
+TEST(Focus, ALostFocusHandlerThatTakesTheFocusBackCancelsTheGotFocus) {
+  EventLogForm form;
+  form.txtValue.SetFocus();
+  form.txtValue.onLostFocus = [&] {
+    form.log.push_back("txtValue.LostFocus");
+    form.txtValue.SetFocus();
+  };
+  form.log.clear();
+  form.txtName.SetFocus();
+  EXPECT_EQ(form.ActiveControl(), &form.txtValue);
+  EXPECT_EQ(form.log, (Logs{"txtValue.LostFocus", "txtValue.GotFocus"}));
+}
+
+// Records each change as "control.Property[index] key" ("form" for the form's own).
+class ChangeRecorder : public PropertyObserver {
+ public:
+  void PropertyChanged(const Change& change) override {
+    changes.push_back(Entry(change.control != nullptr ? ToUtf8(change.control->Name()) : "form", change.property,
+                            change.index, change.node != nullptr ? ToUtf8(change.node->Key()) : ""));
+  }
+  static std::string Entry(const std::string& control, Property property, int index = -1, const std::string& key = "") {
+    std::string entry = control + "." + std::to_string(static_cast<int>(property));
+    if (index >= 0) entry += "[" + std::to_string(index) + "]";
+    return key.empty() ? entry : entry + " " + key;
+  }
+  std::vector<std::string> changes;
+};
+
+TEST(PropertyObserver, ARemovedSubtreeIsReportedBeforeItGoesWithTheSelectionAfter) {
+  EventLogForm form;
+  BuildTree(form.treItems, 2, 1);
+  form.treItems.Nodes().Item(u"1:1")->SetSelected(true);
+  ChangeRecorder recorder;
+  form.treItems.SetObserver(&recorder);
+  bool attachedWhenReported = false;
+  struct Probe : PropertyObserver {
+    bool* attached;
+    explicit Probe(bool* a) : attached(a) {}
+    void PropertyChanged(const Change& change) override {
+      if (change.property == Property::kNodeRemoving)
+        *attached = !change.node->Removed() && change.node->Children() == 1;
+    }
+  } probe(&attachedWhenReported);
+  form.AddObserver(probe);
+  form.treItems.Nodes().Remove(DsKey(1));
+  EXPECT_TRUE(attachedWhenReported);
+  EXPECT_EQ(recorder.changes, (Logs{ChangeRecorder::Entry("treItems", Property::kNodeRemoving, -1, "_Ds1"),
+                                    ChangeRecorder::Entry("treItems", Property::kSelectedItem, -1, "_Ds2")}));
 }
 
 }  // namespace

@@ -1,9 +1,11 @@
 #pragma once
 // A form with one or more controls of every kind, each event recorded in a log
 // as "control.Event" (tree events name the node's key).
+#include <functional>
 #include <string>
 #include <vector>
 
+#include "vd/automation/error.h"
 #include "vd/forms/forms.h"
 
 namespace vd::forms::test {
@@ -36,5 +38,15 @@ class EventLogForm : public Form {
 
   std::vector<std::string> log;
 };
+
+// The Automation error number the call raised, 0 for none.
+inline int32_t ErrorOf(const std::function<void()>& call) {
+  try {
+    call();
+  } catch (const vd::automation::AutomationError& e) {
+    return e.Number();
+  }
+  return 0;
+}
 
 }  // namespace vd::forms::test

@@ -1,169 +1,36 @@
+// The tree's nodes: where a new node goes, the keys and relatives it takes,
+// the order shown under sorted parents, and the selection through removals,
+// collapses and the user's clicks.
 #include <gtest/gtest.h>
 
-#include <algorithm>
-#include <map>
-
 #include "tree_fixture.h"
-#include "vd/automation/error.h"
 
 namespace vd::forms::test {
 namespace {
 
-using vd::automation::AutomationError;
+using Texts = std::vector<std::string>;
+using vd::automation::FromUtf8;
 using vd::automation::ToUtf8;
-using Keys = std::vector<std::string>;
 
-int32_t ErrorOf(const std::function<void()>& call) {
-  try {
-    call();
-  } catch (const AutomationError& e) {
-    return e.Number();
-  }
-  return 0;
-}
-
-// A plain model of the collection: keys in order and each key's parent.
-struct CollectionModel {
-  Keys order;
-  std::map<std::string, std::string> parentOf;
-
-  void Remove(const std::string& key) {
-    Keys doomed{key};
-    for (size_t i = 0; i < doomed.size(); ++i)
-      for (const auto& [child, parent] : parentOf)
-        if (parent == doomed[i]) doomed.push_back(child);
-    for (const std::string& gone : doomed) {
-      order.erase(std::find(order.begin(), order.end(), gone));
-      parentOf.erase(gone);
-    }
-  }
-};
-
-CollectionModel ModelOf(const TreeView& tree) {
-  CollectionModel model;
-  for (int32_t i = 1; i <= tree.Nodes().Count(); ++i) {
-    const NodeRef node = tree.Nodes().Item(i);
-    model.order.push_back(ToUtf8(node->Key()));
-    model.parentOf[ToUtf8(node->Key())] = node->Parent() ? ToUtf8(node->Parent()->Key()) : "";
-  }
-  return model;
-}
-
-struct RemovalCase {
-  const char* name;
-  Keys removed;      // by key, in this order
-  bool readBetween;  // read every Index between removals
-};
-
-class IndexRenumbering : public ::testing::TestWithParam<RemovalCase> {};
-
-TEST_P(IndexRenumbering, IndexIsTheCollectionOrderAfterRemovals) {
-  const RemovalCase& c = GetParam();
-  EventLogForm form;
-  BuildTree(form.treItems, 4, 3);
-  CollectionModel model = ModelOf(form.treItems);
-  for (const std::string& key : c.removed) {
-    form.treItems.Nodes().Remove(vd::automation::FromUtf8(key));
-    model.Remove(key);
-    if (c.readBetween) {
-      ASSERT_EQ(KeysByIndex(form.treItems), model.order) << "after removing " << key;
-    }
-  }
-  EXPECT_EQ(form.treItems.Nodes().Count(), static_cast<int32_t>(model.order.size()));
-  // Each node's own Index agrees with the collection, as does lookup by key.
-  for (size_t i = 0; i < model.order.size(); ++i) {
-    const NodeRef node = form.treItems.Nodes().Item(vd::automation::FromUtf8(model.order[i]));
-    EXPECT_EQ(node->Index(), static_cast<int32_t>(i + 1)) << model.order[i];
-  }
-  EXPECT_EQ(KeysByIndex(form.treItems), model.order);
-}
-
-INSTANTIATE_TEST_SUITE_P(
-    Orders, IndexRenumbering,
-    ::testing::Values(RemovalCase{"LastNode", {"4:3"}, false},
-                      RemovalCase{"ChildrenHighestFirstReadBetween", {"2:3", "2:2", "2:1"}, true},
-                      RemovalCase{"ChildrenLowestFirst", {"3:1", "3:2", "3:3"}, true},
-                      RemovalCase{"ScatteredMiddleReadBetween", {"1:2", "4:1", "_Ds3", "2:2"}, true},
-                      RemovalCase{"Everything", {"_Ds1", "_Ds2", "_Ds3", "_Ds4"}, true}),
-    [](const ::testing::TestParamInfo<RemovalCase>& param) { return std::string(param.param.name); });
-
-TEST(TreeNodes, NewNodesComeLastAfterRemovalsFromTheMiddle) {
-  EventLogForm form;
-  BuildTree(form.treItems, 3, 2);
-  for (const char16_t* key : {u"2:2", u"2:1"}) form.treItems.Nodes().Remove(key);
-  const NodeRef added = form.treItems.Nodes().Add(DsKey(2), tvwChild, u"2:1", u"Var1", 1);
-  EXPECT_EQ(added->Index(), form.treItems.Nodes().Count());
-  EXPECT_EQ(KeysByIndex(form.treItems), (Keys{"_Ds1", "_Ds2", "_Ds3", "1:1", "1:2", "3:1", "3:2", "2:1"}));
-}
-
-TEST(TreeNodes, HeldReferencesSurviveRemovalsAndRemovedOnesAreDetectable) {
-  EventLogForm form;
-  BuildTree(form.treItems, 2, 2);
-  const NodeRef kept = form.treItems.Nodes().Item(u"2:2");
-  const NodeRef gone = form.treItems.Nodes().Item(u"1:1");
-  const NodeRef goneWithParent = form.treItems.Nodes().Item(u"1:2");
-  form.treItems.Nodes().Remove(u"_Ds1");
-  EXPECT_FALSE(kept->Removed());
-  EXPECT_EQ(kept->Index(), 3);
-  EXPECT_EQ(kept->Parent()->Key(), DsKey(2));
-  for (const NodeRef& node : {gone, goneWithParent}) {
-    EXPECT_TRUE(node->Removed());
-    EXPECT_EQ(ErrorOf([&] { (void)node->Index(); }), err::kNodeRemoved);
-    EXPECT_EQ(ErrorOf([&] { (void)node->Text(); }), err::kNodeRemoved);
-    EXPECT_EQ(ErrorOf([&] { form.treItems.Nodes().Add(node, tvwNext, u"k", u"t"); }),
-              vd::automation::err::kTreeElementNotFound);
-  }
-  EXPECT_EQ(form.treItems.Nodes().Find(u"1:1"), nullptr);
-}
-
-TEST(TreeNodes, KeysAreUniqueIgnoringCase) {
-  const struct {
-    const char* name;
-    const char16_t* existing;
-    const char16_t* added;
-    int32_t error;
-  } cases[] = {
-      {"SameKey", u"_Plant3", u"_Plant3", vd::automation::err::kTreeKeyNotUnique},
-      {"OtherCase", u"_Plant3", u"_PLANT3", vd::automation::err::kTreeKeyNotUnique},
-      {"AccentedOtherCase", u"_K\u00FChlung1", u"_K\u00DCHLUNG1", vd::automation::err::kTreeKeyNotUnique},
-      {"OtherKey", u"_Plant3", u"_Plant31", 0},
-      {"NoKeys", u"", u"", 0},
-  };
-  for (const auto& c : cases) {
-    EventLogForm form;
-    form.treItems.Nodes().Add(Variant(), tvwLast, c.existing, u"first");
-    EXPECT_EQ(ErrorOf([&] { form.treItems.Nodes().Add(Variant(), tvwLast, c.added, u"second"); }), c.error) << c.name;
-    EXPECT_EQ(form.treItems.Nodes().Count(), c.error == 0 ? 2 : 1) << c.name;
-  }
-}
-
-TEST(TreeNodes, AKeyIsFreeAgainOnceItsNodeIsRemoved) {
-  EventLogForm form;
-  BuildTree(form.treItems, 2, 3);
-  form.treItems.Nodes().Remove(DsKey(1));
-  for (int j = 1; j <= 3; ++j) EXPECT_EQ(form.treItems.Nodes().Find(DsvKey(1, j)), nullptr);
-  form.treItems.Nodes().Add(Variant(), tvwLast, DsvKey(1, 2), u"again");
-  EXPECT_EQ(form.treItems.Nodes().Item(u"1:2")->Text(), u"again");
-  EXPECT_EQ(form.treItems.Nodes().Item(u"2:3")->Text(), u"Var3");
+std::string SelectedKey(const TreeView& tree) {
+  const NodeRef node = tree.SelectedItem();
+  return node ? ToUtf8(node->Key()) : "(none)";
 }
 
 TEST(TreeNodes, RelationshipsPlaceTheNewNode) {
   const struct {
-    const char* name;
     Variant relative;
     int32_t relationship;
-    std::vector<std::string> topLevel;
-    std::vector<std::string> childrenOfB;
+    Texts topLevel;
+    Texts childrenOfB;
   } cases[] = {
-      {"NoRelativeLast", Variant(), tvwLast, {"A", "B", "C", "N"}, {"b1", "b2"}},
-      {"NoRelativeFirst", Variant(), tvwFirst, {"N", "A", "B", "C"}, {"b1", "b2"}},
-      {"Child", Variant(u"B"), tvwChild, {"A", "B", "C"}, {"b1", "b2", "N"}},
-      {"ChildByIndex", Variant(int32_t{2}), tvwChild, {"A", "B", "C"}, {"b1", "b2", "N"}},
-      {"NextOfTopLevel", Variant(u"A"), tvwNext, {"A", "N", "B", "C"}, {"b1", "b2"}},
-      {"PreviousOfTopLevel", Variant(u"B"), tvwPrevious, {"A", "N", "B", "C"}, {"b1", "b2"}},
-      {"FirstSiblingOfChild", Variant(u"b2"), tvwFirst, {"A", "B", "C"}, {"N", "b1", "b2"}},
-      {"LastSiblingOfChild", Variant(u"b1"), tvwLast, {"A", "B", "C"}, {"b1", "b2", "N"}},
-      {"NextOfChild", Variant(u"b1"), tvwNext, {"A", "B", "C"}, {"b1", "N", "b2"}},
+      {Variant(), tvwFirst, {"N", "A", "B", "C"}, {"b1", "b2"}},
+      {Variant(int32_t{2}), tvwChild, {"A", "B", "C"}, {"b1", "b2", "N"}},
+      {Variant(u"A"), tvwNext, {"A", "N", "B", "C"}, {"b1", "b2"}},
+      {Variant(u"B"), tvwPrevious, {"A", "N", "B", "C"}, {"b1", "b2"}},
+      {Variant(u"b2"), tvwFirst, {"A", "B", "C"}, {"N", "b1", "b2"}},
+      {Variant(u"b1"), tvwLast, {"A", "B", "C"}, {"b1", "b2", "N"}},
+      {Variant(u"b1"), tvwNext, {"A", "B", "C"}, {"b1", "N", "b2"}},
   };
   for (const auto& c : cases) {
     EventLogForm form;
@@ -171,61 +38,45 @@ TEST(TreeNodes, RelationshipsPlaceTheNewNode) {
     for (const char16_t* key : {u"A", u"B", u"C"}) nodes.Add(Variant(), tvwLast, key, key);
     for (const char16_t* key : {u"b1", u"b2"}) nodes.Add(u"B", tvwChild, key, key);
     const NodeRef added = nodes.Add(c.relative, c.relationship, u"N", u"N");
-    EXPECT_EQ(added->Index(), 6) << c.name;
-    EXPECT_EQ(ChildTexts(form.treItems, nullptr), c.topLevel) << c.name;
-    EXPECT_EQ(ChildTexts(form.treItems, nodes.Item(u"B")), c.childrenOfB) << c.name;
+    EXPECT_EQ(added->Index(), 6);
+    EXPECT_EQ(ChildTexts(form.treItems, nullptr), c.topLevel) << c.relationship;
+    EXPECT_EQ(ChildTexts(form.treItems, nodes.Item(u"B")), c.childrenOfB) << c.relationship;
   }
+  // The relative may be a key in any case, a node or a Double index.
+  EventLogForm form;
+  BuildTree(form.treItems, 3, 1);
+  Nodes& nodes = form.treItems.Nodes();
+  EXPECT_EQ(nodes.Add(u"_DS2", tvwChild)->Parent()->Key(), DsKey(2));
+  EXPECT_EQ(nodes.Add(nodes.Item(2), tvwChild)->Parent()->Key(), DsKey(2));
+  EXPECT_EQ(nodes.Add(Variant(2.0), tvwChild)->Parent()->Key(), DsKey(2));
 }
 
-TEST(TreeNodes, TheRelativeIsAKeyAnIndexANodeOrAVariant) {
-  const struct {
-    const char* name;
-    std::function<NodeRef(TreeView&)> add;
-  } cases[] = {
-      {"KeyText", [](TreeView& t) { return t.Nodes().Add(u"_Ds2", tvwChild, u"new", u"n"); }},
-      {"KeyString", [](TreeView& t) { return t.Nodes().Add(String(u"_DS2"), tvwChild, u"new", u"n"); }},
-      {"Index", [](TreeView& t) { return t.Nodes().Add(2, tvwChild, u"new", u"n"); }},
-      {"Node", [](TreeView& t) { return t.Nodes().Add(t.Nodes().Item(2), tvwChild, u"new", u"n"); }},
-      {"VariantKey", [](TreeView& t) { return t.Nodes().Add(Variant(u"_Ds2"), tvwChild, u"new", u"n"); }},
-      {"VariantDouble", [](TreeView& t) { return t.Nodes().Add(Variant(2.0), tvwChild, u"new", u"n"); }},
-  };
-  for (const auto& c : cases) {
-    EventLogForm form;
-    BuildTree(form.treItems, 3, 1);
-    const NodeRef added = c.add(form.treItems);
-    ASSERT_TRUE(added->Parent()) << c.name;
-    EXPECT_EQ(added->Parent()->Key(), DsKey(2)) << c.name;
-    EXPECT_EQ(added->Parent()->LastSibling()->Key(), DsKey(3)) << c.name;
-  }
-}
-
-TEST(TreeNodes, BadArgumentsRaiseTheControlsErrors) {
+TEST(TreeNodes, BadArgumentsRaiseTheControlsErrorsAndAddNothing) {
+  namespace err_ = vd::automation::err;
   const struct {
     const char* name;
     std::function<void(TreeView&)> call;
     int32_t error;
   } cases[] = {
+      {"DuplicateKeyOtherCase", [](TreeView& t) { t.Nodes().Add(Variant(), tvwLast, u"_DS1"); },
+       err_::kTreeKeyNotUnique},
       {"UnknownRelativeKey", [](TreeView& t) { t.Nodes().Add(u"_Missing1", tvwChild, u"k", u"t"); },
-       vd::automation::err::kTreeElementNotFound},
+       err_::kTreeElementNotFound},
       {"RelativeIndexTooHigh", [](TreeView& t) { t.Nodes().Add(int32_t{9}, tvwChild, u"k", u"t"); },
-       vd::automation::err::kTreeIndexOutOfBounds},
-      {"UnknownRelationship", [](TreeView& t) { t.Nodes().Add(u"_Ds1", 7, u"k", u"t"); },
-       vd::automation::err::kInvalidProcedureCall},
-      {"ItemZero", [](TreeView& t) { (void)t.Nodes().Item(0); }, vd::automation::err::kTreeIndexOutOfBounds},
-      {"ItemPastCount", [](TreeView& t) { (void)t.Nodes().Item(t.Nodes().Count() + 1); },
-       vd::automation::err::kTreeIndexOutOfBounds},
-      {"ItemMissingKey", [](TreeView& t) { (void)t.Nodes().Item(u"nope"); }, vd::automation::err::kTreeElementNotFound},
-      {"RemoveMissingKey", [](TreeView& t) { t.Nodes().Remove(u"nope"); }, vd::automation::err::kTreeElementNotFound},
+       err_::kTreeIndexOutOfBounds},
+      {"UnknownRelationship", [](TreeView& t) { t.Nodes().Add(u"_Ds1", 7, u"k", u"t"); }, err_::kInvalidProcedureCall},
+      {"ItemPastCount", [](TreeView& t) { (void)t.Nodes().Item(t.Nodes().Count() + 1); }, err_::kTreeIndexOutOfBounds},
+      {"RemoveMissingKey", [](TreeView& t) { t.Nodes().Remove(u"nope"); }, err_::kTreeElementNotFound},
       {"ImageOutsideTheList", [](TreeView& t) { t.Nodes().Add(Variant(), tvwLast, u"k", u"t", 4); },
-       vd::automation::err::kTreeIndexOutOfBounds},
+       err_::kTreeIndexOutOfBounds},
       {"RelativeOfAnotherKind", [](TreeView& t) { t.Nodes().Add(Variant(true), tvwChild, u"k", u"t"); },
-       vd::automation::err::kTypeMismatch},
+       err_::kTypeMismatch},
       {"RelativeNodeOfAnotherTree",
        [](TreeView& t) {
          EventLogForm other;
          t.Nodes().Add(other.treItems.Nodes().Add(Variant(), tvwLast, u"f", u"f"), tvwNext, u"k", u"t");
        },
-       vd::automation::err::kTreeElementNotFound},
+       err_::kTreeElementNotFound},
       {"ImageWithoutAList",
        [](TreeView& t) {
          t.SetImageList(nullptr);
@@ -235,25 +86,167 @@ TEST(TreeNodes, BadArgumentsRaiseTheControlsErrors) {
   };
   for (const auto& c : cases) {
     EventLogForm form;
-    form.treItems.SetImageList(&form.imgNodes);
     BuildTree(form.treItems, 2, 1);
-    const int32_t before = form.treItems.Nodes().Count();
     EXPECT_EQ(ErrorOf([&] { c.call(form.treItems); }), c.error) << c.name;
-    EXPECT_EQ(form.treItems.Nodes().Count(), before) << c.name;
+    EXPECT_EQ(KeysByIndex(form.treItems), (Texts{"_Ds1", "_Ds2", "1:1", "2:1"})) << c.name;
+  }
+  EventLogForm form;
+  form.treItems.Nodes().Add(Variant(), tvwLast, u"_K\u00FChlung1");
+  EXPECT_EQ(ErrorOf([&] { form.treItems.Nodes().Add(Variant(), tvwLast, u"_K\u00DCHLUNG1"); }),
+            vd::automation::err::kTreeKeyNotUnique);
+}
+
+TEST(TreeNodes, HeldReferencesSurviveRemovalsAndRemovedOnesAreDetectable) {
+  EventLogForm form;
+  BuildTree(form.treItems, 2, 2);
+  const NodeRef kept = form.treItems.Nodes().Item(u"2:2");
+  const NodeRef goneWithParent = form.treItems.Nodes().Item(u"1:2");
+  form.treItems.Nodes().Remove(u"_Ds1");
+  EXPECT_EQ(kept->Index(), 3);
+  EXPECT_TRUE(goneWithParent->Removed());
+  EXPECT_EQ(ErrorOf([&] { (void)goneWithParent->Text(); }), err::kNodeRemoved);
+  EXPECT_EQ(ErrorOf([&] { form.treItems.Nodes().Add(goneWithParent, tvwNext, u"k", u"t"); }),
+            vd::automation::err::kTreeElementNotFound);
+  kept->SetSelected(true);
+  form.treItems.Nodes().Clear();
+  EXPECT_EQ(form.treItems.SelectedItem(), nullptr);
+  EXPECT_TRUE(kept->Removed());
+}
+
+// Adds the texts as children of one parent (keys c1, c2, ...), sorted before or after adding.
+NodeRef AddChildren(TreeView& tree, const Texts& texts, bool sortFirst) {
+  const NodeRef parent = tree.Nodes().Add(Variant(), tvwLast, u"P", u"Parent");
+  if (sortFirst) parent->SetSorted(true);
+  for (size_t i = 0; i < texts.size(); ++i)
+    tree.Nodes().Add(u"P", tvwChild, u"c" + vd::automation::ToDecimal(static_cast<long long>(i + 1)),
+                     FromUtf8(texts[i]));
+  parent->SetSorted(true);
+  return parent;
+}
+
+TEST(DisplayOrder, SortedChildrenIgnoreCaseKeepAddingOrderForEqualTextsAndNavigateAsShown) {
+  const struct {
+    Texts added;
+    Texts shown;
+  } cases[] = {{{"b", "A", "a", "C", "B"}, {"A", "a", "b", "B", "C"}},
+               {{"Level10", "Level", "Lev", "Var9"}, {"Lev", "Level", "Level10", "Var9"}}};
+  for (const auto& c : cases) {
+    for (const bool sortFirst : {true, false}) {
+      EventLogForm form;
+      const NodeRef parent = AddChildren(form.treItems, c.added, sortFirst);
+      EXPECT_EQ(ChildTexts(form.treItems, parent), c.shown);
+      Texts backwards;
+      for (NodeRef node = parent->Child()->LastSibling(); node; node = node->Previous())
+        backwards.insert(backwards.begin(), ToUtf8(node->Text()));
+      EXPECT_EQ(backwards, c.shown);
+      EXPECT_EQ(ToUtf8(parent->Child()->Next()->FirstSibling()->Text()), c.shown.front());
+      EXPECT_EQ(ToUtf8(form.treItems.Nodes().Item(2)->Text()), c.added.front());  // the collection keeps adding order
+    }
   }
 }
 
-TEST(TreeNodes, ClearEmptiesTheTreeAndDetachesHeldNodes) {
+TEST(DisplayOrder, RenamingUnderASortedParentMovesTheNodeAndTheTreesSortedOrdersTopLevelOnly) {
   EventLogForm form;
-  BuildTree(form.treItems, 3, 2);
-  const NodeRef held = form.treItems.Nodes().Item(u"2:1");
-  held->SetSelected(true);
-  form.treItems.Nodes().Clear();
-  EXPECT_EQ(form.treItems.Nodes().Count(), 0);
-  EXPECT_EQ(form.treItems.SelectedItem(), nullptr);
-  EXPECT_TRUE(held->Removed());
-  BuildTree(form.treItems, 1, 1);
-  EXPECT_EQ(KeysByIndex(form.treItems), (Keys{"_Ds1", "1:1"}));
+  TreeView& tree = form.treItems;
+  const NodeRef parent = AddChildren(tree, {"a", "c", "e"}, true);
+  tree.Nodes().Item(u"c1")->SetText(u"D");
+  EXPECT_EQ(ChildTexts(tree, parent), (Texts{"c", "D", "e"}));
+  tree.Nodes().Item(u"c3")->SetText(u"b");
+  EXPECT_EQ(ChildTexts(tree, parent), (Texts{"b", "c", "D"}));
+  parent->SetSorted(false);
+  tree.Nodes().Add(Variant(), tvwLast, u"alarms", u"alarms");
+  tree.Nodes().Add(Variant(), tvwFirst, u"Plant", u"Plant");
+  tree.SetSorted(true);
+  tree.Nodes().Add(Variant(), tvwFirst, u"Ash", u"Ash");
+  EXPECT_EQ(ChildTexts(tree, nullptr), (Texts{"alarms", "Ash", "Parent", "Plant"}));
+  tree.Nodes().Item(u"c2")->SetText(u"z");
+  EXPECT_EQ(ChildTexts(tree, parent), (Texts{"b", "z", "D"}));
+}
+
+TEST(TreeSelection, ARemovedSelectionMovesToNextElsePreviousElseParentElseNoneFiringNothing) {
+  const struct {
+    int dataSources, variablesEach;
+    bool sorted;
+    std::string selected, removed, selectedAfter;
+  } cases[] = {{2, 3, false, "1:2", "1:2", "1:3"},   {2, 3, false, "1:3", "1:3", "1:2"},
+               {2, 1, false, "2:1", "2:1", "_Ds2"},  {1, 0, false, "_Ds1", "_Ds1", "(none)"},
+               {3, 2, false, "2:2", "_Ds2", "_Ds3"}, {2, 3, false, "1:2", "1:3", "1:2"},
+               {2, 3, true, "1:3", "1:3", "1:1"},    {2, 3, true, "1:1", "1:1", "1:3"}};
+  for (const auto& c : cases) {
+    EventLogForm form;
+    BuildTree(form.treItems, c.dataSources, c.variablesEach);
+    if (c.sorted) {
+      form.treItems.Nodes().Item(DsKey(1))->SetSorted(true);
+      form.treItems.Nodes().Item(u"1:1")->SetText(u"z");  // 1:1 now shows last
+    }
+    form.treItems.Nodes().Item(FromUtf8(c.selected))->SetSelected(true);
+    form.log.clear();
+    form.treItems.Nodes().Remove(FromUtf8(c.removed));
+    EXPECT_EQ(SelectedKey(form.treItems), c.selectedAfter) << c.selected << " " << c.removed;
+    EXPECT_TRUE(form.log.empty());
+  }
+}
+
+TEST(TreeSelection, FromCodeFiresNothingAndExpandsEveryAncestor) {
+  EventLogForm form;
+  Nodes& nodes = form.treItems.Nodes();
+  nodes.Add(Variant(), tvwLast, u"a", u"a");
+  nodes.Add(u"a", tvwChild, u"b", u"b");
+  const NodeRef deepest = nodes.Add(u"b", tvwChild, u"c", u"c");
+  const NodeRef other = nodes.Add(u"a", tvwChild, u"d", u"d");
+  EXPECT_FALSE(deepest->Displayed());
+  deepest->SetSelected(true);
+  EXPECT_TRUE(deepest->Displayed() && nodes.Item(u"a")->Expanded() && nodes.Item(u"b")->Expanded());
+  EXPECT_FALSE(deepest->Expanded());
+  form.treItems.SetSelectedItem(other);
+  EXPECT_EQ(SelectedKey(form.treItems), "d");
+  other->SetSelected(false);
+  EXPECT_EQ(SelectedKey(form.treItems), "(none)");
+  EXPECT_TRUE(form.log.empty());
+}
+
+TEST(TreeSelection, AUserClickSelectsThenFiresNodeClickEvenOnTheSelectedNodeAndADoubleClickClicksFirst) {
+  EventLogForm form;
+  BuildTree(form.treItems, 2, 2);
+  form.treItems.Nodes().Item(u"2:1")->SetSelected(true);
+  std::string selectedInHandler;
+  form.treItems.onNodeClick = [&](const NodeRef& node) {
+    selectedInHandler = SelectedKey(form.treItems);
+    form.log.push_back("NodeClick " + ToUtf8(node->Key()));
+  };
+  for (int i = 0; i < 2; ++i) ASSERT_TRUE(form.treItems.UserSelectNode(form.treItems.Nodes().Item(u"1:2")));
+  ASSERT_TRUE(form.treItems.UserDoubleClickNode(form.treItems.Nodes().Item(u"1:1")));
+  ASSERT_TRUE(form.treItems.UserDoubleClickNode(nullptr));
+  EXPECT_EQ(selectedInHandler, "1:1");
+  EXPECT_EQ(form.log,
+            (Texts{"treItems.GotFocus", "NodeClick 1:2", "treItems.Click", "NodeClick 1:2", "treItems.Click",
+                   "NodeClick 1:1", "treItems.Click", "treItems.DblClick", "treItems.Click", "treItems.DblClick"}));
+}
+
+TEST(TreeSelection, CollapsingMovesTheSelectionFromBelowToTheCollapsedNode) {
+  const struct {
+    bool byUser;
+    std::string selected, selectedAfter;
+    Texts events;
+  } cases[] = {{true, "1:2", "_Ds1", {"treItems.GotFocus", "treItems.Collapse _Ds1"}},
+               {true, "2:1", "2:1", {"treItems.GotFocus", "treItems.Collapse _Ds1"}},
+               {false, "1:1", "_Ds1", {}}};
+  for (const auto& c : cases) {
+    EventLogForm form;
+    BuildTree(form.treItems, 2, 2);
+    const NodeRef node = form.treItems.Nodes().Item(DsKey(1));
+    node->SetExpanded(true);
+    form.treItems.Nodes().Item(FromUtf8(c.selected))->SetSelected(true);
+    form.log.clear();
+    if (c.byUser) {
+      ASSERT_TRUE(form.treItems.UserCollapse(node));
+    } else {
+      node->SetExpanded(false);
+    }
+    EXPECT_FALSE(node->Expanded());
+    EXPECT_EQ(SelectedKey(form.treItems), c.selectedAfter) << c.selected;
+    EXPECT_EQ(form.log, c.events) << c.selected;
+  }
 }
 
 }  // namespace

@@ -7,8 +7,6 @@
 
 #include "platform/testing/fake_registry.h"
 
-#include "param_label.h"
-
 namespace vd::platform {
 namespace {
 
@@ -68,29 +66,24 @@ FakeRegistry::StoredValue Dword(std::string bytes) { return {reg::kRegDword, std
 INSTANTIATE_TEST_SUITE_P(
     Values, RegQueryStringTest,
     ::testing::Values(
-        QueryCase{"StringWithItsNulCounted", true, Sz("C:\\DV26\0"s), u"", true, u"C:\\DV26"},
-        QueryCase{"StringWithoutNul", true, Sz("C:\\DV26"), u"", true, u"C:\\DV26"},
-        QueryCase{"OnlyTheLastNulGoes", true, Sz("AB\0\0"s), u"", true, u"AB\0"s},
-        QueryCase{"NulInsideStays", true, Sz("A\0B"s), u"", true, u"A\0B"s},
-        QueryCase{"ZeroBytes", true, Sz(""), u"old", true, u""},
-        QueryCase{"AnsiBytesAreLatin1Here", true,
+        QueryCase{"StringWithItsNulCounted", true,
                   Sz("C:\\Gr\xFC\xDF"
                      "e\0"s),
                   u"", true, u"C:\\Grüße"},
+        QueryCase{"OnlyTheLastNulGoes", true, Sz("A\0B\0\0"s), u"", true, u"A\0B\0"s},
+        QueryCase{"ZeroBytes", true, Sz(""), u"old", true, u""},
         QueryCase{"StringFillingTheBuffer", true, Sz(std::string(1024, 'x')), u"", true, std::u16string(1024, u'x')},
         QueryCase{"StringOneByteTooLong", true, Sz(std::string(1025, 'x')), u"old", false, u""},
         // DWORD bytes are little-endian; a last byte of 0 is dropped as a NUL,
-        // the rest read last to first, each byte's hex without leading zeros.
-        QueryCase{"DwordDropsItsLastZeroByte", true, Dword("\x05\x01\0\0"s), u"", true, u"21"},      // "015"
-        QueryCase{"DwordOfFourNonZeroBytes", true, Dword("\x01\x02\x03\x04"), u"", true, u"17185"},  // "4321"
-        // "002A"
-        QueryCase{"DwordZeroKeepsOneDigitPerByte", true, Dword("\0\x01\0\0"s), u"", true, u"16"},     // "010"
-        QueryCase{"DwordAppendsToTheOldContent", true, Dword("\x05\x01\0\0"s), u"1", true, u"4117"},  // "1015"
+        // the rest read last to first, each byte's hex without leading zeros,
+        // appended to the old content: "1" + "015".
+        QueryCase{"DwordAppendsToTheOldContent", true, Dword("\x05\x01\0\0"s), u"1", true, u"4117"},
+        QueryCase{"DwordZeroKeepsOneDigitPerByte", true, Dword("\0\x01\0\0"s), u"", true, u"16"},  // "010"
         QueryCase{"BinaryLeavesValueAlone", true, FakeRegistry::StoredValue{reg::kRegBinary, "\x01\x02"}, u"kept", true,
                   u"kept"},
         QueryCase{"MissingValue", true, std::nullopt, u"old", false, u""},
         QueryCase{"MissingKey", false, std::nullopt, u"old", false, u""}),
-    testing::ParamLabel());
+    [](const ::testing::TestParamInfo<QueryCase>& param) { return std::string(param.param.label); });
 
 TEST(RegQueryString, PassesHiveAndAnsiNamesThrough) {
   FakeRegistry registry;
@@ -134,12 +127,7 @@ TEST_F(GetDvHomeTest, ReturnsTheStoredTextWithoutItsCountedNul) {
   EXPECT_EQ(DvReg::GetDvHome(), u"D:\\Tools\\DV\\");
 }
 
-TEST_F(GetDvHomeTest, MissingKeyFallsBackToDriveC) {
-  EXPECT_EQ(DvReg::GetDvHome(), u"C:\\");
-  EXPECT_EQ(registry_.Closes(), std::vector<RegHandle>{0});
-}
-
-TEST_F(GetDvHomeTest, FallbackStaysCachedWhenTheValueAppearsLater) {
+TEST_F(GetDvHomeTest, AMissingKeyFallsBackToDriveCForTheProcess) {
   EXPECT_EQ(DvReg::GetDvHome(), u"C:\\");
   const size_t callsAfterFirst = registry_.CallCount();
   StoreHome(Sz("C:\\DV"));
@@ -150,10 +138,8 @@ TEST_F(GetDvHomeTest, FallbackStaysCachedWhenTheValueAppearsLater) {
 TEST_F(GetDvHomeTest, ValueOfAnotherTypeLeavesTheCacheEmptyAndIsAskedAgain) {
   StoreHome(FakeRegistry::StoredValue{reg::kRegExpandSz, "%DVHOME%\0"s});
   EXPECT_EQ(DvReg::GetDvHome(), u"");
-  const size_t opensAfterFirst = registry_.Opens().size();
   StoreHome(Sz("C:\\DV"));
   EXPECT_EQ(DvReg::GetDvHome(), u"C:\\DV");
-  EXPECT_EQ(registry_.Opens().size(), opensAfterFirst + 1);
 }
 
 }  // namespace

@@ -20,12 +20,6 @@ std::shared_ptr<MemoryDisplay> DisplayWith(const std::vector<String>& memoryName
   return display;
 }
 
-std::vector<String> DsNames(MemoryDsList& list) {
-  std::vector<String> names;
-  for (int32_t i = 1; i <= list.DsCount(); ++i) names.push_back(list.DsItem(i)->GetDsName());
-  return names;
-}
-
 std::vector<String> DsvNames(MemoryDsvList& vars) {
   std::vector<String> names;
   for (int32_t j = 1; j <= vars.DsvCount(); ++j) names.push_back(vars.DsvItem(j)->GetDsvName());
@@ -38,18 +32,11 @@ TEST(MemoryToolkitAddDs, NamesNewDataSourcesByKindAndCreationText) {
     int32_t kind;
     String text;
     String expected;
-  } cases[] = {
-      {{}, kind::kFile, u"", u"file1.dat"},
-      {{u"a"}, kind::kFile, u"", u"file2.dat"},
-      {{u"FILE2.DAT"}, kind::kFile, u"", u"file3.dat"},  // taken, ignoring case
-      {{u"a"}, kind::kFile, u"C:\\data\\trend.dat", u"C:\\data\\trend.dat"},
-      {{u"a"}, kind::kFile, u"a", u"a"},  // a file name may repeat
-      {{u"a"}, kind::kConstant, u"ignored", u"constant2"},
-      {{}, kind::kMemory, u"", u"memory1"},
-      {{u"x", u"memory3"}, kind::kMemory, u"", u"memory4"},
-      {{}, kind::kCustom, u"Acme.Report", u"default.custom"},
-      {{u"default.custom"}, kind::kCustom, u"Acme.Report", u"default.custom"},
-  };
+  } cases[] = {{{u"FILE2.DAT"}, kind::kFile, u"", u"file3.dat"},  // taken, ignoring case
+               {{u"a"}, kind::kFile, u"a", u"a"},                 // a file name may repeat
+               {{u"a"}, kind::kConstant, u"ignored", u"constant2"},
+               {{u"x", u"memory3"}, kind::kMemory, u"", u"memory4"},
+               {{u"default.custom"}, kind::kCustom, u"Acme.Report", u"default.custom"}};
   for (const auto& c : cases) {
     auto display = DisplayWith(c.existing);
     auto list = display->DataSources();
@@ -66,8 +53,7 @@ TEST(MemoryToolkitAddDs, RefusesKindsItDoesNotKnowAndCustomWithoutClass) {
   const struct {
     int32_t kind;
     String text;
-  } cases[] = {{5, u"Spreadsheet"}, {0, u""}, {1, u""}, {4, u""}, {7, u""}, {104, u"X"}, {106, u"X"}, {-2, u""},
-               {kind::kCustom, u""}};
+  } cases[] = {{5, u"Spreadsheet"}, {0, u""}, {4, u""}, {106, u"X"}, {kind::kCustom, u""}};
   for (const auto& c : cases) {
     auto display = DisplayWith({u"a"});
     EXPECT_EQ(display->DataSources()->AddDs(c.kind, c.text), nullptr) << c.kind;
@@ -76,17 +62,13 @@ TEST(MemoryToolkitAddDs, RefusesKindsItDoesNotKnowAndCustomWithoutClass) {
 }
 
 TEST(MemoryToolkitAddDs, GivesScadaDataSourcesTheirMarkerParameters) {
-  for (String className : {String(kScadaDsClass), String(u"telvanedv.DATASOURCE")}) {
-    auto ds = MemoryDisplay::Create()->DataSources()->AddDs(kind::kCustom, className);
-    auto params = ds->AsCustom()->GetParams();
-    ASSERT_EQ(params->ParamCount(), 3);
-    EXPECT_EQ(params->ParamItem(1)->GetParamType(), toolkit::paramtype::kText);
-    EXPECT_EQ(params->ParamItem(1)->GetParamValue().AsString(), kScadaDsMarker);
-    EXPECT_EQ(params->ParamItem(2)->GetParamType(), toolkit::paramtype::kNumber);
-    EXPECT_EQ(automation::CLng(params->ParamItem(2)->GetParamValue()), 0);
-    EXPECT_EQ(params->ParamItem(3)->GetParamType(), toolkit::paramtype::kNumber);
-    EXPECT_EQ(params->ParamItem(3)->GetParamValue().AsDouble(), kScadaDefaultBlinkPeriod);
-  }
+  auto ds = MemoryDisplay::Create()->DataSources()->AddDs(kind::kCustom, u"telvanedv.DATASOURCE");
+  auto params = ds->AsCustom()->GetParams();
+  ASSERT_EQ(params->ParamCount(), 3);
+  EXPECT_EQ(params->ParamItem(1)->GetParamType(), toolkit::paramtype::kText);
+  EXPECT_EQ(params->ParamItem(1)->GetParamValue().AsString(), kScadaDsMarker);
+  EXPECT_EQ(params->ParamItem(2)->GetParamValue(), automation::Variant(0.0));
+  EXPECT_EQ(params->ParamItem(3)->GetParamValue().AsDouble(), kScadaDefaultBlinkPeriod);
   auto other = MemoryDisplay::Create()->DataSources()->AddDs(kind::kCustom, u"Acme.Report");
   EXPECT_EQ(other->AsCustom()->GetParams()->ParamCount(), 0);
 }
@@ -95,10 +77,7 @@ TEST(MemoryToolkitAddDsv, AppendsFreshlyNamedVariablesWithTheKindsDefaults) {
   const struct {
     int32_t kind;
     int32_t type;
-  } cases[] = {{kind::kFile, toolkit::dsvtype::kFloat},
-               {kind::kConstant, toolkit::dsvtype::kFloat},
-               {kind::kMemory, toolkit::dsvtype::kDouble},
-               {kind::kCustom, toolkit::dsvtype::kDouble}};
+  } cases[] = {{kind::kConstant, toolkit::dsvtype::kFloat}, {kind::kCustom, toolkit::dsvtype::kDouble}};
   for (const auto& c : cases) {
     auto ds = MemoryDisplay::Create()->DataSources()->Add(c.kind, u"X.Y");
     auto vars = ds->GetDsVars();
@@ -107,12 +86,8 @@ TEST(MemoryToolkitAddDsv, AppendsFreshlyNamedVariablesWithTheKindsDefaults) {
     EXPECT_EQ(DsvNames(*ds->Variables()), (std::vector<String>{u"var1", u"var2"})) << c.kind;
     EXPECT_EQ(vars->DsvItem(2), second);
     EXPECT_EQ(first->GetDsvType(), c.type) << c.kind;
-    EXPECT_EQ(first->GetDsvRows(), 1);
-    EXPECT_EQ(first->GetDsvCols(), 1);
     EXPECT_EQ(first->GetDsvShape(), toolkit::shape::kScalar);
     EXPECT_EQ(first->GetDsvScope(), toolkit::scope::kPrivate);
-    EXPECT_EQ(first->GetDsvValue(), 0.0);
-    EXPECT_EQ(first->GetDsvUseCount(), 0);
   }
 }
 
@@ -128,40 +103,12 @@ TEST(MemoryToolkitAddDsv, SkipsNamesTakenIgnoringCaseAndFreesNamesOfDeletedVaria
   EXPECT_EQ(vars->Add()->GetDsvName(), u"var4");
 }
 
-TEST(MemoryToolkitMoves, RefuseAtTheEndsAndSwapNeighboursElsewhere) {
-  const struct {
-    int32_t index;
-    bool up;
-    bool moved;
-    std::vector<String> order;
-  } cases[] = {
-      {1, true, false, {u"a", u"b", u"c"}}, {1, false, true, {u"b", u"a", u"c"}}, {2, true, true, {u"b", u"a", u"c"}},
-      {2, false, true, {u"a", u"c", u"b"}}, {3, true, true, {u"a", u"c", u"b"}},  {3, false, false, {u"a", u"b", u"c"}},
-  };
-  for (const auto& c : cases) {
-    auto display = DisplayWith({u"a", u"b", u"c"});
-    auto list = display->DataSources();
-    auto ds = list->DsItem(c.index);
-    EXPECT_EQ(c.up ? ds->DsMoveUp() : ds->DsMoveDown(), c.moved) << c.index << c.up;
-    EXPECT_EQ(DsNames(*list), c.order) << c.index << c.up;
-
-    auto vars = display->DataSources()->Add(kind::kMemory, u"")->Variables();
-    for (const char16_t* name : {u"a", u"b", u"c"}) vars->Add()->SetDsvName(name);
-    auto dsv = vars->DsvItem(c.index);
-    EXPECT_EQ(c.up ? dsv->DsvMoveUp() : dsv->DsvMoveDown(), c.moved) << c.index << c.up;
-    EXPECT_EQ(DsvNames(*vars), c.order) << c.index << c.up;
-  }
-}
-
 TEST(MemoryToolkitDeletes, RefuseVariablesInUseAndDataSourcesHoldingThem) {
   const struct {
     std::vector<int32_t> useCounts;
     int32_t removeVariable;  // 1-based, 0: remove the data source
     bool removed;
-  } cases[] = {
-      {{0, 0}, 1, true},  {{0, 1}, 2, false}, {{0, 5}, 1, true},     {{0, 0}, 0, true},
-      {{0, 1}, 0, false}, {{}, 0, true},      {{3, 0, 0}, 0, false},
-  };
+  } cases[] = {{{0, 1}, 2, false}, {{0, 5}, 1, true}, {{}, 0, true}, {{3, 0, 0}, 0, false}};
   for (const auto& c : cases) {
     auto display = DisplayWith({u"first"});
     auto list = display->DataSources();
@@ -194,13 +141,9 @@ TEST(MemoryToolkitDeletes, DeletedObjectsRaiseErrorFiveOnEveryUse) {
   EXPECT_EQ(kept->GetDsvName(), u"var2") << "the rest of the data source stays usable";
   ASSERT_TRUE(ds->RemoveDs());
 
-  const std::function<void()> uses[] = {
-      [&] { dsv->GetDsvName(); },    [&] { dsv->RemoveDsv(); },       [&] { kept->GetDsvName(); },
-      [&] { kept->GetDsvParent(); }, [&] { kept->SetDsvRows(2); },    [&] { ds->GetDsName(); },
-      [&] { ds->GetDsVars(); },      [&] { ds->RemoveDs(); },         [&] { ds->DsMoveUp(); },
-      [&] { ds->AsCustom(); },       [&] { vars->DsvCount(); },       [&] { vars->AddDsv(); },
-      [&] { params->ParamCount(); }, [&] { param->GetParamValue(); }, [&] { param->SetParamValue(9, u"x"); },
-  };
+  const std::function<void()> uses[] = {[&] { dsv->RemoveDsv(); },     [&] { kept->SetDsvRows(2); },
+                                        [&] { ds->DsMoveUp(); },       [&] { vars->AddDsv(); },
+                                        [&] { params->ParamCount(); }, [&] { param->SetParamValue(9, u"x"); }};
   for (size_t i = 0; i < std::size(uses); ++i) {
     const auto raised = RaisedBy(uses[i]);
     EXPECT_EQ(raised.number, automation::err::kInvalidProcedureCall) << "use " << i;
@@ -242,18 +185,12 @@ TEST(MemoryToolkitVariables, KeepDimensionsTypeAndScopeWithinTheToolkitsLimits) 
     int32_t value;
     bool accepted;
     const char* named;  // what the description names when refused
-  } cases[] = {
-      {&MemoryDsv::GetDsvRows, &MemoryDsv::SetDsvRows, -1, false, "Rows"},
-      {&MemoryDsv::GetDsvRows, &MemoryDsv::SetDsvRows, 65535, true, ""},
-      {&MemoryDsv::GetDsvRows, &MemoryDsv::SetDsvRows, 65536, false, "Rows"},
-      {&MemoryDsv::GetDsvCols, &MemoryDsv::SetDsvCols, 0, true, ""},
-      {&MemoryDsv::GetDsvCols, &MemoryDsv::SetDsvCols, 70000, false, "Columns"},
-      {&MemoryDsv::GetDsvType, &MemoryDsv::SetDsvType, 0, false, "type"},
-      {&MemoryDsv::GetDsvType, &MemoryDsv::SetDsvType, 9, true, ""},
-      {&MemoryDsv::GetDsvType, &MemoryDsv::SetDsvType, 10, false, "type"},
-      {&MemoryDsv::GetDsvScope, &MemoryDsv::SetDsvScope, 1, true, ""},
-      {&MemoryDsv::GetDsvScope, &MemoryDsv::SetDsvScope, 3, false, "Scope"},
-  };
+  } cases[] = {{&MemoryDsv::GetDsvRows, &MemoryDsv::SetDsvRows, -1, false, "Rows"},
+               {&MemoryDsv::GetDsvRows, &MemoryDsv::SetDsvRows, 65535, true, ""},
+               {&MemoryDsv::GetDsvCols, &MemoryDsv::SetDsvCols, 65536, false, "Columns"},
+               {&MemoryDsv::GetDsvType, &MemoryDsv::SetDsvType, 9, true, ""},
+               {&MemoryDsv::GetDsvType, &MemoryDsv::SetDsvType, 10, false, "type"},
+               {&MemoryDsv::GetDsvScope, &MemoryDsv::SetDsvScope, 3, false, "Scope"}};
   for (const auto& c : cases) {
     auto dsv = MemoryDisplay::Create()->DataSources()->Add(kind::kMemory, u"")->Variables()->Add();
     dsv->SetDsvScope(2);
@@ -277,14 +214,44 @@ TEST(MemoryToolkitVariables, KeepDimensionsTypeAndScopeWithinTheToolkitsLimits) 
 TEST(MemoryToolkitVariables, DeriveTheShapeFromRowsAndColumns) {
   const struct {
     int32_t rows, cols, shape;
-  } cases[] = {{1, 1, toolkit::shape::kScalar}, {0, 0, toolkit::shape::kScalar}, {1, 0, toolkit::shape::kScalar},
-               {1, 2, toolkit::shape::kVector}, {0, 5, toolkit::shape::kVector}, {2, 2, toolkit::shape::kMatrix},
-               {2, 1, toolkit::shape::kMatrix}, {2, 0, toolkit::shape::kMatrix}, {1, 255, toolkit::shape::kVector}};
+  } cases[] = {{1, 0, toolkit::shape::kScalar}, {0, 5, toolkit::shape::kVector}, {2, 1, toolkit::shape::kMatrix}};
   auto dsv = MemoryDisplay::Create()->DataSources()->Add(kind::kMemory, u"")->Variables()->Add();
   for (const auto& c : cases) {
     dsv->SetDsvRows(c.rows);
     dsv->SetDsvCols(c.cols);
     EXPECT_EQ(dsv->GetDsvShape(), c.shape) << c.rows << "x" << c.cols;
+  }
+}
+
+TEST(MemoryParams, TextIsStoredAsStringNumbersAsDoubleAndRefusalsChangeNothing) {
+  auto params = MemoryDisplay::Create()->DataSources()->AddDs(kind::kCustom, u"Acme.Report")->AsCustom()->GetParams();
+  auto added = params->AddParam();
+  EXPECT_EQ(added->GetParamType(), 0);
+  EXPECT_TRUE(added->GetParamValue().IsEmpty());
+  for (const int16_t index : {0, 2}) {
+    EXPECT_EQ(RaisedBy([&] { params->ParamItem(index); }).number, automation::err::kSubscriptOutOfRange) << index;
+  }
+  const struct {
+    int32_t type;
+    automation::Variant value;
+    automation::Variant stored;  // Empty: refused with error
+    int32_t error;
+  } cases[] = {{9, int32_t{12}, u"12", 0},
+               {9, {}, u"", 0},
+               {5, u"500", 500.0, 0},
+               {5, int16_t{-3}, -3.0, 0},
+               {5, {}, 0.0, 0},
+               {7, 1.0, {}, automation::err::kInvalidProcedureCall},
+               {5, u"abc", {}, automation::err::kTypeMismatch},
+               {5, automation::Variant::Null(), {}, automation::err::kInvalidUseOfNull}};
+  for (const auto& c : cases) {
+    auto param = params->AddParam();
+    param->SetParamValue(9, u"kept");
+    EXPECT_EQ(RaisedBy([&] { param->SetParamValue(c.type, c.value); }).number, c.error) << c.type;
+    EXPECT_EQ(param->GetParamType(), c.error == 0 ? c.type : 9);
+    const automation::Variant expected = c.error == 0 ? c.stored : automation::Variant(u"kept");
+    EXPECT_EQ(param->GetParamValue(), expected) << automation::ToUtf8(automation::CStr(expected));
+    EXPECT_EQ(param->GetParamValue().Type(), expected.Type());
   }
 }
 

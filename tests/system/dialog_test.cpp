@@ -101,19 +101,6 @@ TEST(DataBrowserLifecycle, LoadShowsTheDataSourceFrameUnloadReleasesTheRun) {
   EXPECT_EQ(ui.BroughtToFront(), std::vector<String>{u"frmDataBrowser"});
 }
 
-TEST(ScadaDataSource, IsACustomDataSourceWhoseFirstOfAtLeastTwoParametersIsTheMarkerText) {
-  const std::pair<const char*, bool> cases[] = {
-      {R"("className": "TelvaneDV.DataSource")", true},
-      {R"("className": "X", "params": [ { "type": "text", "value": "Telvane DV DataSource" } ])", false},
-      {R"("className": "X", "params": [ { "type": "number", "value": 1 }, { "type": "empty" } ])", false}};
-  BrowserHarness h;
-  for (const auto& [params, scada] : cases) {
-    auto d = DisplayFromJson(std::string(R"({ "dataSources": [ { "name": "S", "kind": "custom", )") + params + "} ] }");
-    EXPECT_EQ(h.inside.IsTelvaneDataSource(d->GetDataSources()->DsItem(1)), scada) << params;
-  }
-  EXPECT_FALSE(h.inside.IsTelvaneDataSource(h.plant->GetDataSources()->DsItem(1)));
-}
-
 // --- The tree's events ---
 
 class TreeEvents : public ::testing::Test {
@@ -124,7 +111,7 @@ class TreeEvents : public ::testing::Test {
 
 TEST_F(TreeEvents, ClicksFillThePanelOfTheNodeKindAndNameItInTheToolTips) {
   const std::tuple<const char16_t*, bool, const char16_t*> cases[] = {
-      {u"1:2", true, u"Flow"}, {u"_Empty2", false, u"Empty"}, {u"1:3", false, u"Label"}, {u"3:1", true, u"Limit"}};
+      {u"_Empty2", false, u"Empty"}, {u"1:3", false, u"Label"}, {u"3:1", true, u"Limit"}};
   for (const auto& [key, ok, name] : cases) {
     ASSERT_TRUE(h.Click(key));
     const bool variable = key[0] != u'_';
@@ -174,9 +161,7 @@ TEST_F(TreeEvents, InModeFourOnlyAVariableEndsThePickAndNothingIsFilled) {
 }
 
 TEST_F(TreeEvents, MousePointerForbidsDataSourcesOnlyWhereAVariableIsPicked) {
-  const std::tuple<int32_t, const char16_t*, int16_t> cases[] = {{kEdit, u"_Plant1", forms::vbDefault},
-                                                                 {kEditInSelect, u"_Plant1", forms::vbDefault},
-                                                                 {kSelectPanelOpen, u"_Plant1", forms::vbDefault},
+  const std::tuple<int32_t, const char16_t*, int16_t> cases[] = {{kSelectPanelOpen, u"_Plant1", forms::vbDefault},
                                                                  {kSelect, u"_Empty2", forms::vbNoDrop},
                                                                  {kSelect, u"1:1", forms::vbDefault},
                                                                  {kSelect, u"", forms::vbDefault},

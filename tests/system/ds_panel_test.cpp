@@ -24,10 +24,8 @@ TEST_F(DsPanel, ShowsEachKindWithItsOwnControls) {
     bool browse, format, more, scadaFrame;
   };
   // Without a kinds file the built-in kinds have no names; a custom data source reads "Custom".
-  const Case cases[] = {{u"_Plant1", u"&Name:", u"", u"4", false, false, false, false},
-                        {u"_C:\\data\\in.dat3", u"File:", u"", u"1", true, true, false, false},
+  const Case cases[] = {{u"_C:\\data\\in.dat3", u"File:", u"", u"1", true, true, false, false},
                         {u"_Alarms5", u"&Name:", u"Custom", u"2", false, false, true, false},
-                        {u"_Limits2", u"&Name:", u"", u"2", false, false, false, false},
                         {u"_Scada6", u"&Name:", u"Telvane", u"4", false, false, false, true}};
   for (const Case& c : cases) {
     Look(c.key);

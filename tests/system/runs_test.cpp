@@ -70,19 +70,6 @@ INSTANTIATE_TEST_SUITE_P(Contexts, SelectionRun,
                                            ContextCase{5, u"Data Selection for Writable Vars"},
                                            ContextCase{7, u"Data Selection"}, ContextCase{-1, u"Data Selection"}));
 
-TEST(SelectionRunEnd, CloseReturnsNothingAndOkTheVariableShownLast) {
-  BrowserHarness h;
-  h.user.SelectNode(h.dlg.treDataSources, u"1:1").Click(h.dlg.dbClose);
-  EXPECT_EQ(h.desk.SelectDataVar(h.plant, 1, 501, 0, 0), nullptr);
-
-  h.user.SelectNode(h.dlg.treDataSources, u"3:1")
-      .SelectNode(h.dlg.treDataSources, u"_Empty2")
-      .Check([&] { EXPECT_FALSE(h.dlg.dbOK.Enabled()); })
-      .SelectNode(h.dlg.treDataSources, u"1:2")
-      .Click(h.dlg.dbOK);
-  EXPECT_EQ(h.desk.SelectDataVar(h.plant, 1, 501, 0, 0), Variable(h.plant, 1, 2));
-}
-
 TEST(SelectionRunEdit, PressedTwiceOpensThenClosesThePanelWhichLetsEveryVariablePass) {
   BrowserHarness h;
   h.user
@@ -147,23 +134,6 @@ TEST(RunErrors, WhileShownAreIgnoredWhilePreparingReachTheHost) {
 
   EXPECT_EQ(ErrorOf([&] { h.desk.SelectDataVar(nullptr, 1, 501, 0, 0); }), automation::err::kObjectNotSet);
   EXPECT_EQ(ErrorOf([&] { h.desk.EditDataSources(nullptr); }), automation::err::kObjectNotSet);
-}
-
-TEST(VarDeskUIEvents, ReachTheHostWhichMayReplaceTheObject) {
-  BrowserHarness h;
-  const automation::ObjectRef original = Variable(h.plant, 1, 1);
-  const automation::ObjectRef replacement = Variable(h.plant, 1, 2);
-  automation::ObjectRef raised = original;
-  h.dlg.EditCustomDs(raised);  // no sink yet
-  EXPECT_EQ(raised, original);
-  int calls = 0;
-  h.desk.onEditCustomDs = [&](automation::ObjectRef& obj) { calls += obj == original ? 1 : 100; };
-  h.desk.onEditCustomDsv = [&](automation::ObjectRef& obj) { obj = replacement; };
-  h.dlg.EditCustomDs(raised);
-  EXPECT_EQ(raised, original);
-  h.dlg.EditCustomDsv(raised);
-  EXPECT_EQ(raised, replacement);
-  EXPECT_EQ(calls, 1);
 }
 
 TEST(VarDeskUIProperties, CommunicationIsKeptNotReturnedAndHelpFileIsApplicationWide) {
