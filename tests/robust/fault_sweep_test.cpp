@@ -43,7 +43,7 @@ struct FaultPlan {
 };
 
 template <class I>
-class Faulty;
+struct Faulty;
 
 template <class T>
 T Wrap(T value, FaultPlan& /*plan*/) {
@@ -51,27 +51,27 @@ T Wrap(T value, FaultPlan& /*plan*/) {
 }
 template <class I>
 std::shared_ptr<I> Wrap(std::shared_ptr<I> inner, FaultPlan& plan) {
-  return inner ? std::make_shared<Faulty<I>>(std::move(inner), plan) : nullptr;
+  if (!inner) return nullptr;
+  auto faulty = std::make_shared<Faulty<I>>();
+  faulty->inner_ = std::move(inner);
+  faulty->plan_ = &plan;
+  return faulty;
 }
 
 // A decorator counts each call, then passes it on; what it hands out comes back decorated.
 template <class I>
-class Counting : public I {
- public:
-  Counting(std::shared_ptr<I> inner, FaultPlan& plan) : inner_(std::move(inner)), plan_(plan) {}
-
- protected:
+struct Counting : I {
   template <class Call>
   auto Counted(const char* site, Call call) {
-    plan_.Call(site);
+    plan_->Call(site);
     if constexpr (std::is_void_v<decltype(call())>) {
       call();
     } else {
-      return Wrap(call(), plan_);
+      return Wrap(call(), *plan_);
     }
   }
   std::shared_ptr<I> inner_;
-  FaultPlan& plan_;
+  FaultPlan* plan_ = nullptr;
 };
 
 #define VD_COUNTED(Ret, Name, Params, ...)                            \
@@ -80,33 +80,28 @@ class Counting : public I {
   }
 
 template <>
-class Faulty<tk::Param> final : public Counting<tk::Param> {
-  using Counting::Counting;
+struct Faulty<tk::Param> final : Counting<tk::Param> {
   VD_COUNTED(int32_t, GetParamType, ());
   VD_COUNTED(Variant, GetParamValue, ());
   VD_COUNTED(void, SetParamValue, (int32_t type, const Variant& value), type, value);
 };
 template <>
-class Faulty<tk::ParamList> final : public Counting<tk::ParamList> {
-  using Counting::Counting;
+struct Faulty<tk::ParamList> final : Counting<tk::ParamList> {
   VD_COUNTED(int32_t, ParamCount, ());
   VD_COUNTED(tk::ParamRef, ParamItem, (int16_t index), index);
   VD_COUNTED(tk::ParamRef, AddParam, ());
 };
 template <>
-class Faulty<tk::CustomDs> final : public Counting<tk::CustomDs> {
-  using Counting::Counting;
+struct Faulty<tk::CustomDs> final : Counting<tk::CustomDs> {
   VD_COUNTED(tk::ParamListRef, GetParams, ());
 };
 template <>
-class Faulty<tk::CustomDsv> final : public Counting<tk::CustomDsv> {
-  using Counting::Counting;
+struct Faulty<tk::CustomDsv> final : Counting<tk::CustomDsv> {
   VD_COUNTED(tk::ParamListRef, GetParams, ());
   VD_COUNTED(int32_t, GetDsvAccess, ());
 };
 template <>
-class Faulty<tk::Ds> final : public Counting<tk::Ds> {
-  using Counting::Counting;
+struct Faulty<tk::Ds> final : Counting<tk::Ds> {
   VD_COUNTED(String, GetDsName, ());
   VD_COUNTED(void, SetDsName, (const String& name), name);
   VD_COUNTED(int32_t, GetDsType, ());
@@ -119,15 +114,13 @@ class Faulty<tk::Ds> final : public Counting<tk::Ds> {
   VD_COUNTED(tk::CustomDsRef, AsCustom, ());
 };
 template <>
-class Faulty<tk::DsList> final : public Counting<tk::DsList> {
-  using Counting::Counting;
+struct Faulty<tk::DsList> final : Counting<tk::DsList> {
   VD_COUNTED(int32_t, DsCount, ());
   VD_COUNTED(tk::DsRef, DsItem, (int32_t index), index);
   VD_COUNTED(tk::DsRef, AddDs, (int32_t kind, const String& text), kind, text);
 };
 template <>
-class Faulty<tk::Dsv> final : public Counting<tk::Dsv> {
-  using Counting::Counting;
+struct Faulty<tk::Dsv> final : Counting<tk::Dsv> {
   VD_COUNTED(String, GetDsvName, ());
   VD_COUNTED(void, SetDsvName, (const String& name), name);
   VD_COUNTED(int32_t, GetDsvType, ());
@@ -149,20 +142,17 @@ class Faulty<tk::Dsv> final : public Counting<tk::Dsv> {
   VD_COUNTED(tk::CustomDsvRef, AsCustom, ());
 };
 template <>
-class Faulty<tk::DsvList> final : public Counting<tk::DsvList> {
-  using Counting::Counting;
+struct Faulty<tk::DsvList> final : Counting<tk::DsvList> {
   VD_COUNTED(int32_t, DsvCount, ());
   VD_COUNTED(tk::DsvRef, DsvItem, (int32_t index), index);
   VD_COUNTED(tk::DsvRef, AddDsv, ());
 };
 template <>
-class Faulty<tk::Display> final : public Counting<tk::Display> {
-  using Counting::Counting;
+struct Faulty<tk::Display> final : Counting<tk::Display> {
   VD_COUNTED(tk::DsListRef, GetDataSources, ());
 };
 template <>
-class Faulty<tk::Communication> final : public Counting<tk::Communication> {
-  using Counting::Counting;
+struct Faulty<tk::Communication> final : Counting<tk::Communication> {
   VD_COUNTED(void, GetApplications, (Variant & names, Variant& numbers), names, numbers);
   VD_COUNTED(void, ExecuteKorl, (const String& request, Variant& result), request, result);
   VD_COUNTED(void, ScriptFileChanged, (const String& path), path);

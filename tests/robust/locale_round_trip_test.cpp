@@ -3,14 +3,16 @@
 #include <gtest/gtest.h>
 
 #include <bit>
+#include <charconv>
 #include <cmath>
 #include <limits>
 #include <optional>
 #include <random>
+#include <string>
 #include <vector>
 
-#include "comma_locale.h"
 #include "dialog_fixture.h"
+#include "vd/automation/numeric.h"
 
 namespace vd::robust_test {
 namespace {
@@ -20,24 +22,44 @@ using automation::String;
 using automation::ToUtf8;
 using Limits = std::numeric_limits<double>;
 
+// The number syntax of a locale whose decimal separator is "," and whose
+// thousands separator is ".", as Automation reads it there: "." before the
+// decimal separator is dropped, so "1.5" reads 15. Installed for the life of
+// the object, with decimal as the separator the general number format writes.
+std::optional<double> ParseCommaLocale(automation::StringView text) {
+  std::string ascii;
+  bool decimals = false;
+  for (const char16_t c : text) {
+    if (c == u'.' && !decimals) continue;  // grouping
+    decimals = decimals || c == u',';
+    ascii.push_back(c == u',' ? '.' : static_cast<char>(c));
+  }
+  double value = 0;
+  const auto [end, error] = std::from_chars(ascii.data(), ascii.data() + ascii.size(), value);
+  if (ascii.empty() || error != std::errc() || end != ascii.data() + ascii.size()) return std::nullopt;
+  return value;
+}
+
+class CommaLocale {
+ public:
+  explicit CommaLocale(automation::String decimal = u",") {
+    automation::SetNumberParser(ParseCommaLocale);
+    automation::SetDecimalSeparator(std::move(decimal));
+  }
+  ~CommaLocale() {
+    automation::SetNumberParser({});
+    automation::SetDecimalSeparator({});
+  }
+  CommaLocale(const CommaLocale&) = delete;
+  CommaLocale& operator=(const CommaLocale&) = delete;
+};
+
 // Fractions, 16 and 17 significant digits, both exponent forms, the ends of Double's range.
-const std::vector<double> kHardValues = {1.5,
-                                         -0.25,
-                                         0.1 + 0.2,
-                                         1.0 / 3.0,
-                                         123456.789,
-                                         1234567.0,
-                                         1e15,
-                                         1.5e-7,
-                                         0.0001,
-                                         9.999999999999999e14,
-                                         Limits::max(),
-                                         Limits::lowest(),
-                                         Limits::min(),
-                                         Limits::denorm_min(),
-                                         Limits::epsilon(),
-                                         9007199254740993.0,
-                                         -2.2250738585072009e-308};
+// clang-format off
+const std::vector<double> kHardValues = {1.5, -0.25, 0.1 + 0.2, 1.0 / 3.0, 123456.789, 1234567.0, 1e15, 1.5e-7,
+    0.0001, 9.999999999999999e14, Limits::max(), Limits::lowest(), Limits::min(), Limits::denorm_min(),
+    Limits::epsilon(), 9007199254740993.0, -2.2250738585072009e-308};
+// clang-format on
 
 uint64_t Bits(double value) { return std::bit_cast<uint64_t>(value); }
 

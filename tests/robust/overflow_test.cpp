@@ -1,6 +1,6 @@
 // Counts of data sources and variables are 16-bit: a display with more than
 // 32767 of either is an overflow error (6) wherever the dialog counts them,
-// never a count that wraps (opening a run: see the system tests).
+// never a count that wraps.
 #include <gtest/gtest.h>
 
 #include <functional>
@@ -32,6 +32,35 @@ std::shared_ptr<sample::MemoryDisplay> Display(int32_t dataSources, int32_t vari
   const toolkit::DsvListRef vars = display->DataSources()->Item(1)->GetDsVars();
   for (int32_t j = 0; j < variables; ++j) vars->AddDsv();
   return display;
+}
+
+// Opening a run counts the data sources and each one's variables.
+TEST(OpeningCounts, AreOverflowBeyondTheLargestInteger) {
+  const struct {
+    int32_t dataSources, variables, error;
+    const char16_t* lastKey;
+  } cases[] = {
+      {kMax, 0, 0, u"_memory3276732767"}, {kMax + 1, 0, kOverflow, nullptr}, {1, kMax + 1, kOverflow, nullptr}};
+  for (const auto& c : cases) {
+    const auto display = Display(c.dataSources, c.variables);
+    for (const bool selection : {false, true}) {
+      DialogFixture<> f;
+      automation::String lastKey;
+      if (c.error == 0) {
+        f.user.Check([&] { lastKey = f.dlg.treDataSources.Nodes().Item(c.dataSources)->Key(); }).Click(f.dlg.dbClose);
+      }
+      EXPECT_EQ(ErrorOf([&] {
+                  if (selection) {
+                    (void)f.desk.SelectDataVar(display, 1, 500, 0, 0);
+                  } else {
+                    f.desk.EditDataSources(display);
+                  }
+                }),
+                c.error)
+          << c.dataSources << "/" << c.variables;
+      EXPECT_TRUE(c.error != 0 || lastKey == c.lastKey);
+    }
+  }
 }
 
 // The host's pre-selection mark is searched through the data sources, counted as the tree counts them.
