@@ -27,6 +27,8 @@ void frmFindDialog::DesignControls() {
   optDown.SetValue(true);
   OKButton.Move(4320, 150, 1215, 375);
   CancelButton.Move(4320, 630, 1215, 375);
+  OKButton.SetDefault(true);
+  CancelButton.SetCancel(true);
 }
 
 void frmFindDialog::Form_Initialize() { Cancelled = false; }

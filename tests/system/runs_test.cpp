@@ -149,10 +149,10 @@ TEST(VarDeskUIProperties, CommunicationIsKeptNotReturnedAndHelpFileIsApplication
     EXPECT_FALSE(kept.expired());
     EXPECT_EQ(h.desk.GetCommunication(), nullptr);
 
-    const String before = host::VarDeskUI::HelpFile();
+    const String before = h.desk.HelpFile();
     h.desk.SetHelpFile(u"C:\\help\\vardesk.chm");
     EXPECT_EQ(other.desk.HelpFile(), u"C:\\help\\vardesk.chm");
-    host::VarDeskUI::SetHelpFile(before);
+    h.desk.SetHelpFile(before);
 
     h.dlg.InitDBForEdit(h.plant);
     display = h.plant;

@@ -18,7 +18,8 @@ TEST_F(DialogTest, AccessKeyPressesTheButton) {
 }
 
 TEST_F(DialogTest, EnterAndEscapePressTheButtonsNamedForThem) {
-  host.SetDialogKeys(u"frmSample", {u"cmdApply", u"cmdClose"});
+  form.cmdApply.SetDefault(true);
+  form.cmdClose.SetCancel(true);
   script.Then("enter", [&] { PostKey(Win(form.txtName), VK_RETURN); })
       .Then("check enter", [&] { EXPECT_EQ(form.Count("cmdApply.Click"), 1u); })
       .Then("escape", [&] { PostKey(GetFocus(), VK_ESCAPE); });

@@ -1,5 +1,7 @@
 #include "vd/forms/combo_box.h"
 
+#include <utility>
+
 #include "assign.h"
 #include "typing.h"
 #include "vd/automation/error.h"
@@ -124,6 +126,33 @@ bool ComboBox::UserChoose(int32_t index) {
     SetListIndex(index);
   }
   return true;
+}
+
+bool ComboBox::UserList(ListStep step, int32_t index) {
+  switch (step) {
+    case ListStep::kOpen:
+      listOpen_ = true;
+      pickClicked_ = false;
+      return UserDropDown();
+    case ListStep::kClose:
+      listOpen_ = false;
+      return true;
+    case ListStep::kMove:
+      if (index == listIndex_) return false;
+      // The Click of this move may change the selection itself (a command
+      // entry does): the end of the pick must not click again.
+      if (listOpen_) pickClicked_ = true;
+      if (index < 0 || index >= ListCount() || !UserFocus() || !CanUse()) return false;
+      SetListIndex(index);
+      return true;
+    case ListStep::kEnd:
+      if (std::exchange(pickClicked_, false)) return false;
+      return UserChoose(index);
+    case ListStep::kCancel:
+      pickClicked_ = false;
+      return false;
+  }
+  return false;
 }
 
 bool ComboBox::UserPick(int32_t index) { return UserDropDown() && UserChoose(index); }

@@ -1,6 +1,7 @@
 #include "vd/forms/command_button.h"
 
 #include "assign.h"
+#include "vd/forms/form.h"
 
 namespace vd::forms {
 
@@ -13,6 +14,28 @@ void CommandButton::SetCaption(String caption) {
 
 void CommandButton::SetValue(bool pressed) {
   if (pressed) Fire(onClick);
+}
+
+namespace {
+
+// The form's command buttons other than button.
+template <typename Action>
+void ForOtherButtons(const CommandButton& button, Action action) {
+  for (Control* control : button.OwnerForm().AllControls())
+    if (control != &button && control->Kind() == ControlKind::kCommandButton)
+      action(static_cast<CommandButton&>(*control));
+}
+
+}  // namespace
+
+void CommandButton::SetDefault(bool isDefault) {
+  if (isDefault) ForOtherButtons(*this, [](CommandButton& other) { other.default_ = false; });
+  default_ = isDefault;
+}
+
+void CommandButton::SetCancel(bool isCancel) {
+  if (isCancel) ForOtherButtons(*this, [](CommandButton& other) { other.cancel_ = false; });
+  cancel_ = isCancel;
 }
 
 }  // namespace vd::forms

@@ -10,7 +10,8 @@
 namespace vd::forms {
 using detail::Assign;
 namespace {
-ModalHost* defaultModalHost = nullptr;
+// One per thread: each user-interface thread shows its forms through its own host.
+thread_local ModalHost* defaultModalHost = nullptr;
 
 }  // namespace
 

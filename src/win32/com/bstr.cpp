@@ -4,12 +4,12 @@
 
 namespace vd::win32 {
 
-Bstr::Bstr(automation::StringView text) {
-  b_ = SysAllocStringLen(reinterpret_cast<const OLECHAR*>(text.data()), static_cast<UINT>(text.size()));
-  if (!b_) throw std::bad_alloc();
+Bstr::Bstr(automation::StringView text)
+    : UniqueHandle(SysAllocStringLen(reinterpret_cast<const OLECHAR*>(text.data()), static_cast<UINT>(text.size()))) {
+  if (!Valid()) throw std::bad_alloc();
 }
 
-automation::String Bstr::ToString() const { return win32::ToString(b_); }
+automation::String Bstr::ToString() const { return win32::ToString(Get()); }
 
 automation::String ToString(BSTR b) {
   if (!b) return {};

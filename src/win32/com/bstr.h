@@ -4,42 +4,26 @@
 
 #include <oleauto.h>
 
-#include <utility>
-
+#include "com/unique_handle.h"
 #include "vd/automation/string.h"
 
 namespace vd::win32 {
 
-class Bstr {
+// An owning BSTR: the one handle owner with SysFreeString.
+class Bstr : public UniqueHandle<BSTR, BstrTraits> {
  public:
   Bstr() = default;
   // A copy of the text; throws std::bad_alloc when the system cannot allocate.
   explicit Bstr(automation::StringView text);
-  Bstr(Bstr&& other) noexcept : b_(std::exchange(other.b_, nullptr)) {}
-  Bstr& operator=(Bstr&& other) noexcept {
-    std::swap(b_, other.b_);
-    return *this;
-  }
-  Bstr(const Bstr&) = delete;
-  Bstr& operator=(const Bstr&) = delete;
-  ~Bstr() { SysFreeString(b_); }
 
   static Bstr Attach(BSTR b) {
     Bstr result;
-    result.b_ = b;
+    result.Reset(b);
     return result;
   }
-  BSTR Detach() { return std::exchange(b_, nullptr); }
-  BSTR* Put() {
-    SysFreeString(std::exchange(b_, nullptr));
-    return &b_;
-  }
-  [[nodiscard]] BSTR Get() const { return b_; }
-  [[nodiscard]] UINT Length() const { return SysStringLen(b_); }
+  BSTR Detach() { return Release(); }
+  [[nodiscard]] UINT Length() const { return SysStringLen(Get()); }
   [[nodiscard]] automation::String ToString() const;
-
- private:
-  BSTR b_ = nullptr;
 };
 
 // The text of a BSTR, embedded NULs included; a null BSTR is the empty text.

@@ -1,33 +1,14 @@
 #pragma once
 // An owning SAFEARRAY and a scoped lock on one, for direct element access.
-#include <windows.h>
-
-#include <oleauto.h>
-
-#include <utility>
+#include "com/unique_handle.h"
 
 namespace vd::win32 {
 
-class SafeArray {
+// An owning SAFEARRAY: the one handle owner with SafeArrayDestroy.
+class SafeArray : public UniqueHandle<SAFEARRAY*, SafeArrayTraits> {
  public:
-  SafeArray() = default;
-  explicit SafeArray(SAFEARRAY* adopted) : p_(adopted) {}
-  SafeArray(SafeArray&& other) noexcept : p_(std::exchange(other.p_, nullptr)) {}
-  SafeArray& operator=(SafeArray&& other) noexcept {
-    std::swap(p_, other.p_);
-    return *this;
-  }
-  SafeArray(const SafeArray&) = delete;
-  SafeArray& operator=(const SafeArray&) = delete;
-  ~SafeArray() {
-    if (p_) SafeArrayDestroy(p_);
-  }
-
-  [[nodiscard]] SAFEARRAY* Get() const { return p_; }
-  SAFEARRAY* Detach() { return std::exchange(p_, nullptr); }
-
- private:
-  SAFEARRAY* p_ = nullptr;
+  using UniqueHandle::UniqueHandle;
+  SAFEARRAY* Detach() { return Release(); }
 };
 
 // Holds the array's lock so that pvData stays valid; no copy of the elements.

@@ -1,10 +1,12 @@
 #pragma once
 // What the system runs on inside the component's DLL: the Windows
-// implementations of the platform services, built once per process and kept
-// until the DLL unloads. Building it installs what the forms and the
-// conversions take process-wide: the Win32 modal host as the forms' default
-// (every modal Show becomes a real dialog with its message loop) and
-// Automation's own number parsing with the user's locale.
+// implementations of the platform services, one set per apartment thread
+// (each single-threaded apartment that creates the component gets its own
+// modal host, so that each shows its own dialogs), kept until the DLL
+// unloads. Building one makes its Win32 modal host the default of the forms
+// on that thread (every modal Show becomes a real dialog with its message
+// loop) and hands Automation's number parsing with the user's locale to the
+// conversions (the same for every thread).
 #include "platform/services.h"
 #include "platform/std_file_service.h"
 #include "platform/std_file_system.h"
@@ -38,7 +40,7 @@ class WindowsPlatform {
       .ui = ui_, .registry = registry_, .files = files_, .fileSystem = &fileSystem_, .processes = &processes_};
 };
 
-// The process's platform, built at the first call.
-WindowsPlatform& TheWindowsPlatform();
+// The platform of the calling thread's apartment, built at its first call there.
+WindowsPlatform& ApartmentPlatform();
 
 }  // namespace vd::win32

@@ -8,12 +8,19 @@
 #include <memory>
 
 #include "VarDeskGUI.h"
+#include "host/ui_core.h"
 #include "server/com_object.h"
 #include "server/connection_point.h"
 #include "server/dual_dispatch.h"
-#include "server/ui_core.h"
 
 namespace vd::win32 {
+
+using host::UiCore;
+
+// The core every new VarDeskUI COM object gets: the system's own VarDeskUI over
+// the Windows platform of the calling apartment's thread (the component's
+// library defines it; see component/default_ui_core.cpp).
+std::unique_ptr<UiCore> MakeDefaultUiCore();
 
 // DISPIDs of the source dispinterface __VarDeskUI.
 inline constexpr DISPID kEditCustomDsEvent = 1;

@@ -6,6 +6,8 @@
 
 #include <string>
 
+#include "win32/com/unique_handle.h"
+
 namespace vd::win32::services {
 namespace {
 
@@ -15,12 +17,9 @@ std::wstring Wide(vd::platform::StringView text) { return {text.begin(), text.en
 class WindowsProcessHandle final : public vd::platform::ProcessHandle {
  public:
   explicit WindowsProcessHandle(HANDLE process) : process_(process) {}
-  WindowsProcessHandle(const WindowsProcessHandle&) = delete;
-  WindowsProcessHandle& operator=(const WindowsProcessHandle&) = delete;
-  ~WindowsProcessHandle() override { CloseHandle(process_); }
 
   vd::platform::WaitResult Wait(uint32_t milliseconds) override {
-    switch (WaitForSingleObject(process_, milliseconds)) {
+    switch (WaitForSingleObject(process_.Get(), milliseconds)) {
       case WAIT_TIMEOUT:
         return vd::platform::WaitResult::kTimedOut;
       case WAIT_OBJECT_0:
@@ -31,7 +30,7 @@ class WindowsProcessHandle final : public vd::platform::ProcessHandle {
   }
 
  private:
-  HANDLE process_;
+  KernelHandle process_;
 };
 
 }  // namespace
@@ -48,9 +47,8 @@ uint32_t WindowsProcesses::ShellStart(vd::platform::StringView program, vd::plat
   start.nShow = SW_SHOWNORMAL;
   if (!ShellExecuteExW(&start) || start.hProcess == nullptr) return 0;
   // The caller opens the process again by its id, with only the right to wait.
-  const DWORD processId = GetProcessId(start.hProcess);
-  CloseHandle(start.hProcess);
-  return processId;
+  const KernelHandle started(start.hProcess);
+  return GetProcessId(started.Get());
 }
 
 std::unique_ptr<vd::platform::ProcessHandle> WindowsProcesses::OpenForWait(uint32_t processId) {

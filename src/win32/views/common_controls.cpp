@@ -40,18 +40,8 @@ const CommonControls& CommonControls::Get() {
   return api;
 }
 
-ImageListHandle& ImageListHandle::operator=(ImageListHandle&& other) noexcept {
-  if (this != &other) {
-    Reset(other.list_);
-    other.list_ = nullptr;
-  }
-  return *this;
-}
-
-void ImageListHandle::Reset(HIMAGELIST list) {
-  if (list_ != nullptr && CommonControls::Get().imageListDestroy != nullptr)
-    CommonControls::Get().imageListDestroy(list_);
-  list_ = list;
+void ImageListTraits::Close(HIMAGELIST list) {
+  if (CommonControls::Get().imageListDestroy != nullptr) CommonControls::Get().imageListDestroy(list);
 }
 
 }  // namespace vd::win32::views

@@ -7,6 +7,8 @@
 // after windows.h
 #include <commctrl.h>
 
+#include "com/unique_handle.h"
+
 namespace vd::win32::views {
 
 struct CommonControls {
@@ -20,21 +22,11 @@ struct CommonControls {
   static const CommonControls& Get();
 };
 
-// Owns an image list of that comctl32.
-class ImageListHandle {
- public:
-  ImageListHandle() = default;
-  explicit ImageListHandle(HIMAGELIST list) : list_(list) {}
-  ImageListHandle(const ImageListHandle&) = delete;
-  ImageListHandle& operator=(const ImageListHandle&) = delete;
-  ImageListHandle(ImageListHandle&& other) noexcept : list_(other.list_) { other.list_ = nullptr; }
-  ImageListHandle& operator=(ImageListHandle&& other) noexcept;
-  ~ImageListHandle() { Reset(); }
-  [[nodiscard]] HIMAGELIST Get() const { return list_; }
-  void Reset(HIMAGELIST list = nullptr);
-
- private:
-  HIMAGELIST list_ = nullptr;
+// An image list of that comctl32, destroyed by the same.
+struct ImageListTraits {
+  static HIMAGELIST Invalid() { return nullptr; }
+  static void Close(HIMAGELIST list);
 };
+using ImageListHandle = UniqueHandle<HIMAGELIST, ImageListTraits>;
 
 }  // namespace vd::win32::views

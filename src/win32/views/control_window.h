@@ -20,9 +20,7 @@ struct ControlWindow {
   WNDPROC windowProc = nullptr;  // the class's procedures, called after the view's
   WNDPROC editProc = nullptr;
   std::unique_ptr<TreeMirror> tree;
-  bool hasTip = false;       // registered with the tooltip window
-  bool droppedDown = false;  // a combo box's list is open
-  bool pickClicked = false;  // a change of entry in the open list has clicked already
+  bool hasTip = false;  // registered with the tooltip window
 };
 
 }  // namespace vd::win32::views

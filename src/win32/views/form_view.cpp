@@ -43,7 +43,7 @@ struct WindowProcedures {
       return FALSE;  // the view gives the focus itself
     }
     auto* view = reinterpret_cast<FormView*>(GetWindowLongPtrW(window, DWLP_USER));
-    if (view == nullptr || view->window_ != window) return FALSE;
+    if (view == nullptr || view->window_.Get() != window) return FALSE;
     return ContainOr<INT_PTR>(FALSE, [&] { return view->DialogMessage(message, wParam, lParam); });
   }
 
@@ -69,11 +69,12 @@ FormView::FormView(vd::forms::Form& form, ViewContext& context, HWND owner) : fo
     CreateDialogWindow(owner);
     CreateControlWindows();
   } catch (...) {
-    if (window_ != nullptr) DestroyWindow(window_);
+    tooltip_.Reset();
+    window_.Reset();
     throw;
   }
   form_.AddObserver(*this);
-  form_.SetNativeHandle(window_);
+  form_.SetNativeHandle(window_.Get());
   ApplyAll();
   --applying_;
 }
@@ -81,29 +82,27 @@ FormView::FormView(vd::forms::Form& form, ViewContext& context, HWND owner) : fo
 FormView::~FormView() {
   closing_ = true;
   form_.RemoveObserver(*this);
-  if (form_.NativeHandle() == window_) form_.SetNativeHandle(nullptr);
+  if (form_.NativeHandle() == window_.Get()) form_.SetNativeHandle(nullptr);
   for (const auto& record : controls_) {
     record->tree.reset();
     if (record->window != nullptr) WithdrawName(record->window);
   }
-  if (window_ != nullptr) {
-    WithdrawName(window_);
-    if (tooltip_ != nullptr) DestroyWindow(tooltip_);
-    DestroyWindow(window_);
-  }
+  if (window_.Get() != nullptr) WithdrawName(window_.Get());
+  tooltip_.Reset();
+  window_.Reset();
 }
 
 void FormView::CreateDialogWindow(HWND owner) {
   const DWORD style = WS_POPUP | WS_CAPTION | WS_SYSMENU | DS_MODALFRAME | DS_FIXEDSYS;
   const DialogTemplate dialog(style, WS_EX_DLGMODALFRAME, form_.Caption());
-  window_ = CreateDialogIndirectParamW(ViewsModule(), dialog.Get(), owner, WindowProcedures::DialogProc,
-                                       reinterpret_cast<LPARAM>(this));
-  if (window_ == nullptr) return;
-  font_ = reinterpret_cast<HFONT>(SendMessageW(window_, WM_GETFONT, 0, 0));
-  PublishName(window_, form_.Name());
-  tooltip_ =
-      CreateWindowExW(WS_EX_TOPMOST, TOOLTIPS_CLASSW, nullptr, WS_POPUP | TTS_ALWAYSTIP | TTS_NOPREFIX, CW_USEDEFAULT,
-                      CW_USEDEFAULT, CW_USEDEFAULT, CW_USEDEFAULT, window_, nullptr, ViewsModule(), nullptr);
+  window_.Reset(CreateDialogIndirectParamW(ViewsModule(), dialog.Get(), owner, WindowProcedures::DialogProc,
+                                           reinterpret_cast<LPARAM>(this)));
+  if (window_.Get() == nullptr) return;
+  font_ = reinterpret_cast<HFONT>(SendMessageW(window_.Get(), WM_GETFONT, 0, 0));
+  PublishName(window_.Get(), form_.Name());
+  tooltip_.Reset(CreateWindowExW(WS_EX_TOPMOST, TOOLTIPS_CLASSW, nullptr, WS_POPUP | TTS_ALWAYSTIP | TTS_NOPREFIX,
+                                 CW_USEDEFAULT, CW_USEDEFAULT, CW_USEDEFAULT, CW_USEDEFAULT, window_.Get(), nullptr,
+                                 ViewsModule(), nullptr));
 }
 
 void FormView::CreateControlWindows() {
@@ -117,7 +116,7 @@ void FormView::CreateControlWindows() {
     record->view = this;
     record->id = kFirstControlId + static_cast<int>(i);
     const WindowKind kind = WindowKindOf(control);
-    if (kind.className != nullptr && window_ != nullptr) {
+    if (kind.className != nullptr && window_.Get() != nullptr) {
       // A group starts at every control but an option button that follows
       // another of the same container.
       const bool joinsGroup = control.Kind() == ControlKind::kOptionButton && previous != nullptr &&
@@ -131,8 +130,8 @@ void FormView::CreateControlWindows() {
       if (kind.defaultControls) defaultControls.emplace(nullptr);
       record->window =
           CreateWindowExW(kind.exStyle, kind.className, L"", style, place.left, place.top, place.right - place.left,
-                          place.bottom - place.top, window_, reinterpret_cast<HMENU>(static_cast<INT_PTR>(record->id)),
-                          ViewsModule(), nullptr);
+                          place.bottom - place.top, window_.Get(),
+                          reinterpret_cast<HMENU>(static_cast<INT_PTR>(record->id)), ViewsModule(), nullptr);
     }
     if (record->window != nullptr) {
       SendMessageW(record->window, WM_SETFONT, reinterpret_cast<WPARAM>(font_), FALSE);
@@ -190,15 +189,15 @@ RECT FormView::DesignedRect(const Control& control) const {
 }
 
 int FormView::CaptionWidth(const vd::automation::String& caption) const {
-  if (window_ == nullptr || caption.empty()) return 0;
-  const HDC dc = GetDC(window_);
+  if (window_.Get() == nullptr || caption.empty()) return 0;
+  const HDC dc = GetDC(window_.Get());
   if (dc == nullptr) return 0;
   const HGDIOBJ old = font_ != nullptr ? SelectObject(dc, font_) : nullptr;
   RECT extent{0, 0, 0, 0};
   // As the button draws it: one line, "&" marks the access key and takes no room.
   DrawTextW(dc, Wide(caption), -1, &extent, DT_CALCRECT | DT_SINGLELINE);
   if (old != nullptr) SelectObject(dc, old);
-  ReleaseDC(window_, dc);
+  ReleaseDC(window_.Get(), dc);
   return extent.right - extent.left;
 }
 
@@ -215,8 +214,8 @@ SIZE FormView::DesignedFormSize() const {
     extent.right = std::max(extent.right, place.right + kFitMargin);
     extent.bottom = std::max(extent.bottom, place.bottom + kFitMargin);
   }
-  AdjustWindowRectEx(&extent, static_cast<DWORD>(GetWindowLongPtrW(window_, GWL_STYLE)), FALSE,
-                     static_cast<DWORD>(GetWindowLongPtrW(window_, GWL_EXSTYLE)));
+  AdjustWindowRectEx(&extent, static_cast<DWORD>(GetWindowLongPtrW(window_.Get(), GWL_STYLE)), FALSE,
+                     static_cast<DWORD>(GetWindowLongPtrW(window_.Get(), GWL_EXSTYLE)));
   if (size.cx <= 0) size.cx = extent.right - extent.left;
   if (size.cy <= 0) size.cy = extent.bottom - extent.top;
   return size;
@@ -243,15 +242,17 @@ TreeMirror* FormView::TreeOf(const Control& control) const {
   return record != nullptr ? record->tree.get() : nullptr;
 }
 
-bool FormView::Owns(HWND window) const { return window == window_ || (window_ != nullptr && IsChild(window_, window)); }
+bool FormView::Owns(HWND window) const {
+  return window == window_.Get() || (window_.Get() != nullptr && IsChild(window_.Get(), window));
+}
 
 void FormView::Show() {
-  if (window_ == nullptr) return;
+  if (window_.Get() == nullptr) return;
   Flush();  // the first picture shows the trees as built
   Quietly([&] {
     const SIZE size = DesignedFormSize();
     RECT around{};
-    const HWND owner = GetWindow(window_, GW_OWNER);
+    const HWND owner = GetWindow(window_.Get(), GW_OWNER);
     if (owner != nullptr && IsWindowVisible(owner)) {
       GetWindowRect(owner, &around);
     } else {
@@ -260,16 +261,13 @@ void FormView::Show() {
     POINT at{around.left + (around.right - around.left - size.cx) / 2,
              around.top + (around.bottom - around.top - size.cy) / 2};
     if (form_.Left() != 0 || form_.Top() != 0) at = {twips_.ToPixels(form_.Left()), twips_.ToPixels(form_.Top())};
-    SetWindowPos(window_, nullptr, std::max<LONG>(at.x, 0), std::max<LONG>(at.y, 0), size.cx, size.cy,
+    SetWindowPos(window_.Get(), nullptr, std::max<LONG>(at.x, 0), std::max<LONG>(at.y, 0), size.cx, size.cy,
                  SWP_NOZORDER | SWP_NOACTIVATE);
     // The button Enter presses shows as the default one.
-    const auto keys = context_.dialogKeys.find(form_.Name());
-    if (keys != context_.dialogKeys.end() && !keys->second.defaultButton.empty()) {
-      if (const Control* button = form_.FindControl(keys->second.defaultButton))
-        if (const ControlWindow* record = Find(button)) SendMessageW(window_, DM_SETDEFID, record->id, 0);
-    }
-    ShowWindow(window_, SW_SHOW);
-    SetForegroundWindow(window_);
+    if (const Control* button = DialogKeyButton(IDOK))
+      if (const ControlWindow* record = Find(button)) SendMessageW(window_.Get(), DM_SETDEFID, record->id, 0);
+    ShowWindow(window_.Get(), SW_SHOW);
+    SetForegroundWindow(window_.Get());
   });
   const Control* active = form_.ActiveControl();
   if (active != nullptr && active->CanFocus()) {
@@ -279,7 +277,7 @@ void FormView::Show() {
     const auto first = std::find_if(all.begin(), all.end(), [](const Control* c) { return c->CanFocus(); });
     if (first != all.end()) UserAction([&] { (*first)->UserFocus(); });
   }
-  UpdateWindow(window_);
+  UpdateWindow(window_.Get());
 }
 
 void FormView::UserAction(const std::function<void()>& action) {
@@ -302,8 +300,8 @@ void FormView::Quietly(const std::function<void()>& change) {
 }
 
 void FormView::RequestFlush() {
-  if (flushPosted_ || window_ == nullptr) return;
-  flushPosted_ = PostMessageW(window_, WM_APP, 0, 0) != FALSE;
+  if (flushPosted_ || window_.Get() == nullptr) return;
+  flushPosted_ = PostMessageW(window_.Get(), WM_APP, 0, 0) != FALSE;
 }
 
 void FormView::Flush() {
@@ -322,7 +320,7 @@ void FormView::RefreshNow(const Control& control) {
 void FormView::Report() {
   const ReportedError error = CurrentError();
   try {
-    if (context_.reportError) context_.reportError(window_, form_.Caption(), error);
+    if (context_.reportError) context_.reportError(window_.Get(), form_.Caption(), error);
   } catch (...) {
     // Nothing more can be told.
   }

@@ -25,6 +25,7 @@
 #include "views/mirror_host.h"
 #include "views/twips.h"
 #include "views/view_context.h"
+#include "views/win_handles.h"
 
 namespace vd::win32::views {
 
@@ -37,8 +38,8 @@ class FormView final : public vd::forms::PropertyObserver, private MirrorHost {
   ~FormView() override;
 
   [[nodiscard]] vd::forms::Form& ShownForm() const { return form_; }
-  [[nodiscard]] HWND Window() const { return window_; }
-  [[nodiscard]] bool Alive() const { return window_ != nullptr && IsWindow(window_); }
+  [[nodiscard]] HWND Window() const { return window_.Get(); }
+  [[nodiscard]] bool Alive() const { return window_.Valid() && IsWindow(window_.Get()); }
   // The window of a control; nullptr for a control without one.
   [[nodiscard]] HWND WindowOf(const vd::forms::Control& control) const;
   [[nodiscard]] TreeMirror* TreeOf(const vd::forms::Control& control) const;
@@ -105,6 +106,8 @@ class FormView final : public vd::forms::PropertyObserver, private MirrorHost {
   LRESULT ControlMessage(ControlWindow& record, HWND window, UINT message, WPARAM wParam, LPARAM lParam);
   void OnCommand(int id, int code, HWND control);
   void OnDialogKey(int id);
+  // The command button that Enter (IDOK) or Escape (IDCANCEL) presses, nullptr when none.
+  [[nodiscard]] vd::forms::Control* DialogKeyButton(int id) const;
   bool OnNotify(const NMHDR& header, LRESULT& result);
   void OnFocus(ControlWindow& record);
   bool SetCursorFor(const ControlWindow* record);
@@ -113,8 +116,9 @@ class FormView final : public vd::forms::PropertyObserver, private MirrorHost {
   vd::forms::Form& form_;
   ViewContext& context_;
   Twips twips_;
-  HWND window_ = nullptr;
-  HWND tooltip_ = nullptr;
+  // The dialog and its tooltip (destroyed first).
+  WindowHandle window_;
+  WindowHandle tooltip_;
   HFONT font_ = nullptr;
   std::vector<std::unique_ptr<ControlWindow>> controls_;  // by position in Form::AllControls()
   std::unordered_map<const vd::forms::Control*, ControlWindow*> byControl_;

@@ -36,7 +36,7 @@ WPARAM CheckState(int16_t value) {
 }  // namespace
 
 void FormView::PropertyChanged(const vd::forms::Change& change) {
-  if (closing_ || window_ == nullptr) return;
+  if (closing_ || window_.Get() == nullptr) return;
   Quietly([&] {
     if (change.control == nullptr) {
       ApplyForm(change.property);
@@ -47,7 +47,7 @@ void FormView::PropertyChanged(const vd::forms::Change& change) {
 }
 
 void FormView::ApplyAll() {
-  EnableWindow(window_, form_.Enabled() ? TRUE : FALSE);
+  EnableWindow(window_.Get(), form_.Enabled() ? TRUE : FALSE);
   for (const auto& record : controls_) {
     Quietly([&] {
       if (record->control->Kind() == ControlKind::kImageList) return;
@@ -66,11 +66,11 @@ void FormView::ApplyAll() {
 void FormView::ApplyForm(Property property) {
   switch (property) {
     case Property::kCaption:
-      SetWindowTextW(window_, Wide(form_.Caption()));
+      SetWindowTextW(window_.Get(), Wide(form_.Caption()));
       break;
     case Property::kLeft:
     case Property::kTop:
-      SetWindowPos(window_, nullptr, twips_.ToPixels(form_.Left()), twips_.ToPixels(form_.Top()), 0, 0,
+      SetWindowPos(window_.Get(), nullptr, twips_.ToPixels(form_.Left()), twips_.ToPixels(form_.Top()), 0, 0,
                    SWP_NOZORDER | SWP_NOACTIVATE | SWP_NOSIZE);
       break;
     case Property::kWidth:
@@ -78,7 +78,7 @@ void FormView::ApplyForm(Property property) {
       ApplyFormSize();
       break;
     case Property::kEnabled:
-      EnableWindow(window_, form_.Enabled() ? TRUE : FALSE);
+      EnableWindow(window_.Get(), form_.Enabled() ? TRUE : FALSE);
       break;
     case Property::kMousePointer:
       RefreshCursor();
@@ -88,7 +88,7 @@ void FormView::ApplyForm(Property property) {
       break;
     case Property::kVisible:
       // The modal loop ends when the form hides; wake it up.
-      if (!form_.Visible()) PostMessageW(window_, WM_NULL, 0, 0);
+      if (!form_.Visible()) PostMessageW(window_.Get(), WM_NULL, 0, 0);
       break;
     default:
       break;
@@ -97,11 +97,11 @@ void FormView::ApplyForm(Property property) {
 
 void FormView::ApplyFormSize() {
   RECT now{};
-  GetWindowRect(window_, &now);
+  GetWindowRect(window_.Get(), &now);
   SIZE size{twips_.ToPixels(form_.Width()), twips_.ToPixels(form_.Height())};
   if (size.cx <= 0) size.cx = now.right - now.left;
   if (size.cy <= 0) size.cy = now.bottom - now.top;
-  SetWindowPos(window_, nullptr, 0, 0, size.cx, size.cy, SWP_NOZORDER | SWP_NOACTIVATE | SWP_NOMOVE);
+  SetWindowPos(window_.Get(), nullptr, 0, 0, size.cx, size.cy, SWP_NOZORDER | SWP_NOACTIVATE | SWP_NOMOVE);
 }
 
 void FormView::ApplyControl(ControlWindow& record, const vd::forms::Change& change) {
@@ -266,22 +266,22 @@ void FormView::ApplyProgress(ControlWindow& record) {
 }
 
 void FormView::ApplyTip(ControlWindow& record) {
-  if (tooltip_ == nullptr) return;
+  if (tooltip_.Get() == nullptr) return;
   const String& text = record.control->ToolTipText();
   for (const HWND window : {record.window, record.edit}) {
     if (window == nullptr) continue;
     TTTOOLINFOW tool{};
     tool.cbSize = TTTOOLINFOW_V2_SIZE;
     tool.uFlags = TTF_IDISHWND;
-    tool.hwnd = window_;
+    tool.hwnd = window_.Get();
     tool.uId = reinterpret_cast<UINT_PTR>(window);
     tool.lpszText = const_cast<wchar_t*>(Wide(text));
     if (text.empty()) {
-      if (record.hasTip) SendMessageW(tooltip_, TTM_DELTOOLW, 0, reinterpret_cast<LPARAM>(&tool));
+      if (record.hasTip) SendMessageW(tooltip_.Get(), TTM_DELTOOLW, 0, reinterpret_cast<LPARAM>(&tool));
     } else if (record.hasTip) {
-      SendMessageW(tooltip_, TTM_UPDATETIPTEXTW, 0, reinterpret_cast<LPARAM>(&tool));
+      SendMessageW(tooltip_.Get(), TTM_UPDATETIPTEXTW, 0, reinterpret_cast<LPARAM>(&tool));
     } else {
-      SendMessageW(tooltip_, TTM_ADDTOOLW, 0, reinterpret_cast<LPARAM>(&tool));
+      SendMessageW(tooltip_.Get(), TTM_ADDTOOLW, 0, reinterpret_cast<LPARAM>(&tool));
     }
   }
   record.hasTip = !text.empty();
@@ -335,12 +335,12 @@ void FormView::ForFrameContents(const ControlWindow& frame, const std::function<
 
 void FormView::ApplyFocus() {
   const Control* active = form_.ActiveControl();
-  if (active == nullptr || !IsWindowVisible(window_)) return;
+  if (active == nullptr || !IsWindowVisible(window_.Get())) return;
   const ControlWindow* record = Find(active);
   if (record == nullptr || record->window == nullptr) return;
   const HWND focus = GetFocus();
   if (focus == record->window || (focus != nullptr && focus == record->edit)) return;
-  SendMessageW(window_, WM_NEXTDLGCTL, reinterpret_cast<WPARAM>(record->window), TRUE);
+  SendMessageW(window_.Get(), WM_NEXTDLGCTL, reinterpret_cast<WPARAM>(record->window), TRUE);
 }
 
 void FormView::RefreshCursor() {

@@ -32,9 +32,9 @@ bool IsMouseMessage(UINT message) {
 }  // namespace
 
 bool FormView::PreTranslate(MSG& message) {
-  if (window_ == nullptr || !Owns(message.hwnd)) return false;
-  if (tooltip_ != nullptr && IsMouseMessage(message.message))
-    SendMessageW(tooltip_, TTM_RELAYEVENT, 0, reinterpret_cast<LPARAM>(&message));
+  if (window_.Get() == nullptr || !Owns(message.hwnd)) return false;
+  if (tooltip_.Get() != nullptr && IsMouseMessage(message.message))
+    SendMessageW(tooltip_.Get(), TTM_RELAYEVENT, 0, reinterpret_cast<LPARAM>(&message));
   switch (message.message) {
     case WM_KEYDOWN:
     case WM_SYSKEYDOWN:
@@ -65,8 +65,8 @@ bool FormView::PreTranslate(MSG& message) {
     default:
       break;
   }
-  if (!IsWindow(window_)) return true;
-  return IsDialogMessageW(window_, &message) != FALSE;
+  if (!IsWindow(window_.Get())) return true;
+  return IsDialogMessageW(window_.Get(), &message) != FALSE;
 }
 
 INT_PTR FormView::DialogMessage(UINT message, WPARAM wParam, LPARAM lParam) {
@@ -77,16 +77,16 @@ INT_PTR FormView::DialogMessage(UINT message, WPARAM wParam, LPARAM lParam) {
     case WM_NOTIFY: {
       LRESULT result = 0;
       if (!OnNotify(*reinterpret_cast<const NMHDR*>(lParam), result)) return FALSE;
-      SetWindowLongPtrW(window_, DWLP_MSGRESULT, result);
+      SetWindowLongPtrW(window_.Get(), DWLP_MSGRESULT, result);
       return TRUE;
     }
     case WM_CLOSE:  // the close box
       UserAction([&] { form_.UserClose(); });
       return TRUE;
     case WM_SETCURSOR:
-      if (reinterpret_cast<HWND>(wParam) != window_ || LOWORD(lParam) != HTCLIENT) return FALSE;
+      if (reinterpret_cast<HWND>(wParam) != window_.Get() || LOWORD(lParam) != HTCLIENT) return FALSE;
       if (!SetCursorFor(nullptr)) return FALSE;
-      SetWindowLongPtrW(window_, DWLP_MSGRESULT, TRUE);
+      SetWindowLongPtrW(window_.Get(), DWLP_MSGRESULT, TRUE);
       return TRUE;
     case WM_SIZE:
       Quietly([&] {
@@ -136,43 +136,27 @@ void FormView::OnCommand(int id, int code, HWND /*control*/) {
       break;
     case ControlKind::kComboBox: {
       auto& combo = static_cast<vd::forms::ComboBox&>(control);
+      using Step = vd::forms::ComboBox::ListStep;
+      const auto pass = [&](Step step) {
+        const auto index = static_cast<int32_t>(SendMessageW(record->window, CB_GETCURSEL, 0, 0));
+        UserAction([&] { combo.UserList(step, index); });
+      };
       switch (code) {
         case CBN_DROPDOWN:
-          record->droppedDown = true;
-          record->pickClicked = false;
-          UserAction([&] { combo.UserDropDown(); });
+          pass(Step::kOpen);
           break;
         case CBN_CLOSEUP:
-          record->droppedDown = false;
+          pass(Step::kClose);
           break;
-        case CBN_SELCHANGE: {
-          // A changed entry: the arrow keys on the closed list, or the pick or
-          // the arrow keys in the open list (its DropDown came with CBN_DROPDOWN).
+        case CBN_SELCHANGE:
+        case CBN_SELENDOK:
           // A Click that set the combo's text (a command entry does) is shown
           // again once the combo has written its own entry into its edit field.
-          PostMessageW(window_, kReapplyComboMessage, static_cast<WPARAM>(id), 0);
-          const auto index = static_cast<int32_t>(SendMessageW(record->window, CB_GETCURSEL, 0, 0));
-          if (index == combo.ListIndex()) break;
-          if (record->droppedDown) record->pickClicked = true;
-          UserAction([&] {
-            if (index < 0 || index >= combo.ListCount() || !combo.UserFocus()) return;
-            if (combo.IsShown() && combo.IsUsable()) combo.SetListIndex(index);
-          });
+          PostMessageW(window_.Get(), kReapplyComboMessage, static_cast<WPARAM>(id), 0);
+          pass(code == CBN_SELCHANGE ? Step::kMove : Step::kEnd);
           break;
-        }
-        case CBN_SELENDOK: {
-          PostMessageW(window_, kReapplyComboMessage, static_cast<WPARAM>(id), 0);
-          // The end of a pick, which the list sends also when the entry picked
-          // is the one shown: that pick clicks too, unless a change of entry in
-          // this open list clicked already (whose Click may have moved the
-          // selection itself, as a command entry does).
-          if (std::exchange(record->pickClicked, false)) break;
-          const auto index = static_cast<int32_t>(SendMessageW(record->window, CB_GETCURSEL, 0, 0));
-          UserAction([&] { combo.UserChoose(index); });
-          break;
-        }
         case CBN_SELENDCANCEL:
-          record->pickClicked = false;
+          pass(Step::kCancel);
           break;
         case CBN_EDITCHANGE: {
           const String text = WindowText(record->window);
@@ -189,13 +173,18 @@ void FormView::OnCommand(int id, int code, HWND /*control*/) {
   }
 }
 
+Control* FormView::DialogKeyButton(int id) const {
+  for (Control* control : form_.AllControls()) {
+    if (control->Kind() != ControlKind::kCommandButton) continue;
+    const auto& button = static_cast<const vd::forms::CommandButton&>(*control);
+    if (id == IDOK ? button.Default() : button.Cancel()) return control;
+  }
+  return nullptr;
+}
+
 void FormView::OnDialogKey(int id) {
-  // Enter with the focus off any button, Escape: the buttons named for them.
-  const auto keys = context_.dialogKeys.find(form_.Name());
-  if (keys == context_.dialogKeys.end()) return;
-  const String& name = id == IDOK ? keys->second.defaultButton : keys->second.cancelButton;
-  if (name.empty()) return;
-  Control* button = form_.FindControl(name);
+  // Enter with the focus off any button, Escape: the form's Default and Cancel buttons.
+  Control* button = DialogKeyButton(id);
   if (button != nullptr) UserAction([&] { button->UserClick(); });
 }
 

@@ -42,10 +42,6 @@ class Shown {
 
 }  // namespace
 
-void Win32ModalHost::SetDialogKeys(const vd::automation::String& formName, DialogKeys keys) {
-  context_.dialogKeys[formName] = std::move(keys);
-}
-
 void Win32ModalHost::SetScreenPointer(int16_t pointer) {
   context_.screenPointer = pointer;
   const HCURSOR cursor = CursorFor(pointer);

@@ -10,7 +10,6 @@
 //   vd::win32::views::Win32UiServices ui(host);
 //   vd::forms::Form::SetDefaultModalHost(&host);  // or form.SetModalHost(&host)
 //   host.SetOwnerWindow(hostApplicationWindow);    // optional
-//   host.SetDialogKeys(u"frmFindDialog", {u"cmdFind", u"cmdCancel"});  // optional
 #include <windows.h>
 
 #include <vector>
@@ -32,8 +31,6 @@ class Win32ModalHost final : public vd::forms::ModalHost {
   // The window that owns a dialog whose form has no owner form shown;
   // nullptr (the default): the thread's active window at the show.
   void SetOwnerWindow(HWND owner) { ownerWindow_ = owner; }
-  // The buttons Enter and Escape press in the dialog of the form with this name.
-  void SetDialogKeys(const vd::automation::String& formName, DialogKeys keys);
   // How errors of handlers are shown (default: a message box).
   void SetErrorReporter(ErrorReporter reporter) { context_.reportError = std::move(reporter); }
 

@@ -32,7 +32,7 @@ String FormatGeneral(float value);
 
 // The decimal separator the general number format writes: "." unless the
 // platform sets the one its number syntax reads (on Windows the user locale's,
-// see number_parser_win32.h). An empty text restores ".". Not thread-safe: set
+// see win32/services/locale_numbers.h). An empty text restores ".". Not thread-safe: set
 // it once at start-up, together with the number parser. A source, when set, is
 // asked at every use instead (the user may change the locale while the
 // component is loaded); nullptr removes it.
@@ -59,7 +59,7 @@ bool IsNumeric(const Variant& v);
 std::optional<double> ParseNumber(StringView text);
 
 // The platform may replace the number syntax (on Windows: Automation's own
-// conversion with the user locale, see number_parser_win32.h). The parser
+// conversion with the user locale, see win32/services/locale_numbers.h). The parser
 // answers nullopt for no number and raises error 6 for overflow. An empty
 // function restores the default. Not thread-safe: set it once at start-up.
 using NumberParser = std::function<std::optional<double>(StringView)>;

@@ -14,14 +14,6 @@ using StringView = std::u16string_view;
 String FromUtf8(std::string_view utf8);
 std::string ToUtf8(StringView text);
 
-#ifdef _WIN32
-// The process's ANSI code page <-> UTF-16, for the "A" Win32 calls, converted
-// as Windows converts them: a character the code page lacks becomes its
-// default character ("?"). Texts of 2 GiB or more raise error 6.
-String FromAnsi(std::string_view ansi);
-std::string ToAnsi(StringView text);
-#endif
-
 // Decimal text of a whole number, no blanks, no leading zeros ("-12", "0").
 String ToDecimal(long long value);
 

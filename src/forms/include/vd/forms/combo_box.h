@@ -67,6 +67,19 @@ class ComboBox : public Control {
   bool UserChoose(int32_t index);
   // The user opens the list and closes it without picking.
   bool UserDropDown();
+
+  // What the list of a combo's window reports while the user works it, in the
+  // order it comes: the one entry point through which a view passes a pick on.
+  enum class ListStep : uint8_t {
+    kOpen,    // the list drops down: the focus comes here, then DropDown
+    kClose,   // the list closed up
+    kMove,    // the list's entry became index (arrow keys on the closed list, a move in the open list)
+    kEnd,     // the pick ends on entry index (see UserChoose), unless a move in this open list clicked already
+    kCancel,  // the pick ends without a choice
+  };
+  // False when the step did nothing (no such entry, an entry already shown,
+  // a combo that cannot be used, a pick whose move clicked already).
+  bool UserList(ListStep step, int32_t index = -1);
   // Typing into the text of an editable combo (false on a drop-down list); as TextBox.
   bool UserType(StringView text);
   bool UserTypeKeys(StringView keys);
@@ -88,6 +101,8 @@ class ComboBox : public Control {
   String text_;
   int32_t listIndex_ = -1;
   int32_t newIndex_ = -1;
+  bool listOpen_ = false;     // the view's list is dropped down
+  bool pickClicked_ = false;  // a move in the open list has clicked already
 };
 
 }  // namespace vd::forms

@@ -67,7 +67,7 @@ class Form : public Container {
   [[nodiscard]] bool ShownModally() const { return modalDepth_ > 0; }
   [[nodiscard]] Form* Owner() const { return owner_; }
 
-  // The host of this form's modal shows; nullptr: the process-wide default.
+  // The host of this form's modal shows; nullptr: the default of the thread that shows it.
   void SetModalHost(ModalHost* host) { modalHost_ = host; }
   static void SetDefaultModalHost(ModalHost* host);
   [[nodiscard]] static ModalHost* DefaultModalHost();

@@ -1,17 +1,17 @@
 #pragma once
-// The portable object that one VarDeskUI COM object drives: it owns the data
-// browser form, runs the modal dialog and raises the form's events. The COM
-// object only converts arguments, results and errors.
+// What one VarDeskUI COM object drives: the component's entry (VarDeskUI
+// implements it), which owns the data browser form, runs the modal dialog and
+// raises the form's events. The COM object only converts arguments, results
+// and errors; a host program may drive a core of its own.
 #include <cstdint>
 #include <functional>
-#include <memory>
 
 #include "vd/automation/object.h"
 #include "vd/automation/string.h"
 #include "vd/toolkit/communication.h"
 #include "vd/toolkit/toolkit.h"
 
-namespace vd::win32 {
+namespace vd::host {
 
 class UiCore {
  public:
@@ -36,8 +36,4 @@ class UiCore {
   std::function<void(automation::ObjectRef&)> onEditCustomDsv;
 };
 
-// The core every new VarDeskUI COM object gets (the component's library
-// defines it; see component/default_ui_core.cpp).
-std::unique_ptr<UiCore> MakeDefaultUiCore();
-
-}  // namespace vd::win32
+}  // namespace vd::host
