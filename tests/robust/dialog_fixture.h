@@ -1,8 +1,6 @@
 #pragma once
-// The component as a host holds it over an in-memory display, with scripted UI
-// services and a scripted user.
-#include <memory>
-
+// The component as a host holds it over an in-memory display, with UI
+// services (scripted unless a test needs its own) and a scripted user.
 #include "browser/frm_data_browser.h"
 #include "host/var_desk_ui.h"
 #include "platform/services.h"
@@ -14,8 +12,9 @@
 
 namespace vd::robust_test {
 
+template <class Ui = forms::testing::ScriptedUiServices>
 struct DialogFixture {
-  forms::testing::ScriptedUiServices ui;
+  Ui ui;
   platform::testing::FakeRegistry registry;
   platform::testing::MemoryFileService files;
   platform::Services services{ui, registry, files};

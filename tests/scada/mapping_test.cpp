@@ -2,38 +2,36 @@
 // stores and when, Undo, Validate and the item id box.
 #include "scada_harness.h"
 
-namespace vd::system_test {
+namespace vd::feature_test {
 namespace {
 
 using forms::vbExclamation;
 using forms::vbInformation;
 
 TEST(Mapping, FillShowsTheStoredMappingAndTheSignalTypesControls) {
-  struct Case {
+  const struct {
     const char16_t* key;
     const char16_t* reference;
     int32_t listIndex;
     bool swap01, swaps, varInfo, korl;
-  };
-  const Case cases[] = {
+  } cases[] = {
       {u"2:1", u"P101:POV10", 0, true, true, false, false}, {u"2:2", u"P101:POV11", 1, false, false, true, false},
       {u"2:3", u"LT1:POV1", 2, false, false, false, true},  {u"2:4", u"", 0, false, true, false, false},
       {u"2:5", u"WD1:BOV", 0, false, true, false, false},   {u"2:6", u"P101:POV10", -1, false, true, false, false}};
   ScadaHarness h;
-  for (const Case& c : cases) {
+  for (const auto& c : cases) {
+    SCOPED_TRACE(ToUtf8(c.key));
     h.Look(c.key);
     const auto& d = h.dlg;
-    EXPECT_EQ(d.txtTelvaneObjectReference.Text(), c.reference) << ToUtf8(c.key);
-    EXPECT_EQ(d.cboTelvaneSignalType.ListIndex(), c.listIndex) << ToUtf8(c.key);
-    EXPECT_EQ(d.optTelvaneSwap01.Value(), c.swap01) << ToUtf8(c.key);
-    EXPECT_EQ(d.frmTelvaneSwapValues.Visible(), c.swaps) << ToUtf8(c.key);
-    EXPECT_EQ(d.txtVarInfo.Visible() && d.lblVarInfo.Visible(), c.varInfo) << ToUtf8(c.key);
-    EXPECT_EQ(d.cmbKorlFileSelect.Visible() && d.lblKorlFileSelect.Visible(), c.korl) << ToUtf8(c.key);
-    EXPECT_EQ(d.optTelvaneSwap12.Enabled(), c.listIndex == 0) << ToUtf8(c.key);
-    EXPECT_FALSE(d.cmdTelvaneDsvApply.Enabled() || d.cmdTelvaneDsvUndo.Enabled()) << ToUtf8(c.key);
-    if (c.varInfo) {
-      EXPECT_EQ(d.txtVarInfo.Text(), u"3,5,7");
-    }
+    EXPECT_EQ(d.txtTelvaneObjectReference.Text(), c.reference);
+    EXPECT_EQ(d.cboTelvaneSignalType.ListIndex(), c.listIndex);
+    EXPECT_EQ(d.optTelvaneSwap01.Value(), c.swap01);
+    EXPECT_EQ(d.frmTelvaneSwapValues.Visible(), c.swaps);
+    EXPECT_EQ(d.txtVarInfo.Visible() && d.lblVarInfo.Visible(), c.varInfo);
+    EXPECT_EQ(d.cmbKorlFileSelect.Visible() && d.lblKorlFileSelect.Visible(), c.korl);
+    EXPECT_EQ(d.optTelvaneSwap12.Enabled(), c.listIndex == 0);
+    EXPECT_FALSE(d.cmdTelvaneDsvApply.Enabled() || d.cmdTelvaneDsvUndo.Enabled());
+    EXPECT_TRUE(!c.varInfo || d.txtVarInfo.Text() == u"3,5,7");
   }
 }
 
@@ -43,7 +41,6 @@ TEST(Mapping, ControlsThatApplyAtOnceStoreTheCodeAndTheOthersWait) {
   ASSERT_TRUE(h.dlg.optTelvaneSwap12.UserClick());
   EXPECT_EQ(automation::CLng(h.Param(1, 3)), 32);
   EXPECT_TRUE(h.dlg.IsModified());
-
   ASSERT_TRUE(h.dlg.txtTelvaneObjectReference.UserType(u"p101:pov10"));  // same but for case
   EXPECT_FALSE(h.dlg.cmdTelvaneDsvApply.Enabled());
   ASSERT_TRUE(h.dlg.txtTelvaneObjectReference.UserType(u"p102:pov10"));
@@ -55,8 +52,7 @@ TEST(Mapping, ControlsThatApplyAtOnceStoreTheCodeAndTheOthersWait) {
   EXPECT_EQ(automation::CLng(h.Param(1, 3)), 33);
   ASSERT_TRUE(h.dlg.txtVarInfo.UserTypeKeys(u"4,"));
   EXPECT_EQ(h.Text(1, 4), u"4,");  // every keystroke is stored
-
-  h.Look(u"2:6");  // a type without a list entry keeps its code
+  h.Look(u"2:6");                  // a type without a list entry keeps its code
   ASSERT_TRUE(h.dlg.txtTelvaneObjectReference.UserType(u"P9:POV"));
   ASSERT_TRUE(h.dlg.cboTelvaneSignalType.UserFocus());  // leaving the box applies
   EXPECT_EQ(automation::CLng(h.Param(6, 3)), 5);
@@ -79,48 +75,33 @@ TEST(Mapping, ABadReferenceStoresOnlyTheScriptFileAndUndoShowsTheStoredOne) {
   EXPECT_TRUE(h.ui.MessageBoxes().empty());
 }
 
-TEST(Mapping, ValidateAsksTheSystemAndAnswersInItsThreeWords) {
-  struct Case {
-    const char16_t* reference;
-    const char16_t* text;
-    int32_t style;
-  };
-  const Case cases[] = {
-      {u"p101:pov10", u"Object reference \"P101:POV10\" is valid.\r\n\r\nCurrent value: \"1\"", forms::vbOKOnly},
-      {u"LT1:POV1", u"Object reference \"LT1:POV1\" is valid.\r\n\r\nCurrent value: \"<vector>\"", forms::vbOKOnly},
-      {u"X:POV", u"Could not validate object reference \"X:POV\".\r\n\r\nGenerated OPC itemid: \\\\APL\\1\\P\\X:OV",
+// Validate and a click on the reference's label answer in their own words and store nothing.
+TEST(Mapping, ValidateAndTheLabelAnswerInTheirOwnWordsAndStoreNothing) {
+  const std::tuple<bool, const char16_t*, const char16_t*, int32_t> cases[] = {
+      {false, u"p101:pov10", u"Object reference \"P101:POV10\" is valid.\r\n\r\nCurrent value: \"1\"", forms::vbOKOnly},
+      {false, u"LT1:POV1", u"Object reference \"LT1:POV1\" is valid.\r\n\r\nCurrent value: \"<vector>\"",
+       forms::vbOKOnly},
+      {false, u"X:POV",
+       u"Could not validate object reference \"X:POV\".\r\n\r\nGenerated OPC itemid: \\\\APL\\1\\P\\X:OV",
        vbExclamation},
-      {u"STA:", u"Invalid object reference: \"STA:\"", vbExclamation}};
-  ScadaHarness h;
-  h.Look(u"2:4");
-  for (const Case& c : cases) {
-    h.ui.ExpectMessageBox(c.text, c.style);
-    h.dlg.txtTelvaneObjectReference.SetText(c.reference);
-    h.dlg.cmdTelvaneDsvValidate.onClick();
-    EXPECT_EQ(h.ui.MessageBoxes().back().title, h.dlg.Caption());
-  }
-  h.scada.scada->SetSystemDown(true);  // raises on every call
-  h.ui.ExpectMessageBox(
-      u"Could not validate object reference \"X:POV\".\r\n\r\nGenerated OPC itemid: "
-      u"\\\\APL\\1\\P\\X:OV",
-      vbExclamation);
-  h.dlg.txtTelvaneObjectReference.SetText(u"X:POV");
-  h.dlg.cmdTelvaneDsvValidate.onClick();
-  EXPECT_EQ(h.Text(4, 2), u"");  // validation writes nothing
-}
-
-TEST(Mapping, TheLabelShowsBothItemIdsOrWhyThereIsNone) {
+      {false, u"STA:", u"Invalid object reference: \"STA:\"", vbExclamation},
+      {true, u"A:SOV3", u"Current itemID: \t\\\\APL\\1\\S\\A:OV(3)\r\nStored itemID: \t\\\\APL\\1\\P\\P101\\10:OV",
+       vbInformation},
+      {true, u"a", u"Invalid object reference: \"a\"", vbInformation}};
   ScadaHarness h;
   h.Look(u"2:1");
-  h.ui.ExpectMessageBox(u"Current itemID: \t\\\\APL\\1\\S\\A:OV(3)\r\nStored itemID: \t\\\\APL\\1\\P\\P101\\10:OV",
-                        vbInformation);
-  h.dlg.txtTelvaneObjectReference.SetText(u"A:SOV3");
-  h.dlg.lblObjectReference.onClick();
-  h.ui.ExpectMessageBox(u"Invalid object reference: \"a\"", vbInformation);
-  h.dlg.txtTelvaneObjectReference.SetText(u"a");
-  h.dlg.lblObjectReference.onClick();
+  for (const auto& [label, reference, text, style] : cases) {
+    h.ui.ExpectMessageBox(text, style);
+    h.dlg.txtTelvaneObjectReference.SetText(reference);
+    ASSERT_TRUE(label ? h.dlg.lblObjectReference.UserClick() : h.dlg.cmdTelvaneDsvValidate.UserClick());
+    EXPECT_EQ(h.ui.MessageBoxes().back().title, h.dlg.Caption());
+  }
+  h.sample.scada->SetSystemDown(true);  // raises on every call
+  h.ui.ExpectMessageBox(std::get<2>(cases[2]), vbExclamation);
+  h.dlg.txtTelvaneObjectReference.SetText(u"X:POV");
+  ASSERT_TRUE(h.dlg.cmdTelvaneDsvValidate.UserClick());
   EXPECT_EQ(h.Text(1, 2), u"\\\\APL\\1\\P\\P101\\10:OV");
 }
 
 }  // namespace
-}  // namespace vd::system_test
+}  // namespace vd::feature_test

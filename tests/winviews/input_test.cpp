@@ -26,53 +26,6 @@ TEST_F(DialogTest, ChangeHandlerRewritingTheTextIsShownAndNotReportedAgain) {
   script.Run();
 }
 
-TEST_F(DialogTest, PickingAComboEntryWithTheKeyboardClicksOnceWithoutDropDown) {
-  int32_t before = -1;
-  script
-      .Then("pick the next entry",
-            [&] {
-              SetFocus(Win(form.cboType));
-              before = form.cboType.ListIndex();
-              PostKey(Win(form.cboType), VK_DOWN);
-            })
-      .WaitFor("the pick", [&] { return form.cboType.ListIndex() != before; })
-      .Then("check", [&] {
-        EXPECT_EQ(form.cboType.ListIndex(), before + 1);
-        EXPECT_EQ(form.Events({"cboType.Click", "cboType.DropDown"}),
-                  Log{"cboType.Click:" + Narrow(form.cboType.List(before + 1))});
-        EXPECT_EQ(form.ActiveControl(), &form.cboType);
-      });
-  script.Run();
-}
-
-TEST_F(DialogTest, OpeningTheListRaisesDropDown) {
-  script.Then("open", [&] { SendMessageW(Win(form.cboType), CB_SHOWDROPDOWN, TRUE, 0); })
-      .Then("close", [&] { SendMessageW(Win(form.cboType), CB_SHOWDROPDOWN, FALSE, 0); })
-      .Then("check", [&] {
-        EXPECT_EQ(form.Events({"cboType.DropDown", "cboType.Click"}), Log{"cboType.DropDown"});
-      });
-  script.Run();
-}
-
-TEST_F(DialogTest, TypingIntoAnEditableComboRaisesChange) {
-  script
-      .Then("focus and type",
-            [&] {
-              SetFocus(Win(form.cboFind));
-              COMBOBOXINFO parts{};
-              parts.cbSize = sizeof(parts);
-              GetComboBoxInfo(Win(form.cboFind), &parts);
-              PostChars(parts.hwndItem, u"Le");
-            })
-      .WaitFor("the text", [&] { return form.cboFind.Text() == u"Le"; })
-      .Then("check", [&] {
-        EXPECT_EQ(form.Events({"cboFind.Change"}), (Log{"cboFind.Change:L", "cboFind.Change:Le"}));
-        EXPECT_EQ(form.cboFind.ListIndex(), -1);
-        EXPECT_EQ(WindowText(Win(form.cboFind)), u"Le");
-      });
-  script.Run();
-}
-
 TEST_F(DialogTest, ClicksOnALabelRaiseItsClickAndDblClick) {
   form.lblName.onClick = [&] { form.log.push_back("lblName.Click"); };
   form.lblName.onDblClick = [&] { form.log.push_back("lblName.DblClick"); };
@@ -92,15 +45,6 @@ TEST_F(DialogTest, ClicksOnALabelRaiseItsClickAndDblClick) {
         EXPECT_EQ(form.ActiveControl(), &form.txtName) << "a label takes no focus";
       });
   script.Run();
-}
-
-TEST_F(DialogTest, CloseBoxUnloadsTheFormAndEndsTheShow) {
-  script.Then("close", [&] { PostMessageW(script.Dialog(), WM_SYSCOMMAND, SC_CLOSE, 0); });
-  script.Run();
-  EXPECT_EQ(form.Count("Form.Unload"), 1u);
-  EXPECT_FALSE(form.Visible());
-  EXPECT_FALSE(form.Loaded());
-  EXPECT_EQ(form.NativeHandle(), nullptr);
 }
 
 TEST_F(DialogTest, CloseBoxCancelledInUnloadKeepsTheDialog) {

@@ -4,7 +4,6 @@
 
 #include <algorithm>
 #include <random>
-#include <set>
 #include <vector>
 
 #include "views/pointer_table.h"
@@ -16,49 +15,30 @@ struct Key {
   int id;
 };
 
-struct TableCase {
-  const char* name;
-  int keys;
-  int eraseEvery;  // erase every n-th key after inserting them all
-};
-
-class PointerTableTest : public ::testing::TestWithParam<TableCase> {};
-
-TEST_P(PointerTableTest, FindsEveryKeyLeftAndNoneErased) {
-  const TableCase& table = GetParam();
-  std::vector<Key> keys(static_cast<size_t>(table.keys));
-  std::vector<int> values(keys.size());
-  PointerTable<Key, int> map;
-  for (size_t i = 0; i < keys.size(); ++i) map.Insert(&keys[i], &values[i]);
-  ASSERT_EQ(map.Size(), keys.size());
-
-  // Erase in a shuffled order, so that runs are closed from every side.
-  std::vector<size_t> order(keys.size());
-  for (size_t i = 0; i < order.size(); ++i) order[i] = i;
-  std::shuffle(order.begin(), order.end(), std::mt19937(7));
-  std::set<size_t> erased;
-  for (const size_t i : order)
-    if (static_cast<int>(i) % table.eraseEvery == 0) {
+TEST(PointerTable, FindsEveryKeyLeftAndNoneErased) {
+  // keys, then erase every n-th of them in a shuffled order (runs closed from every side)
+  const std::pair<int, int> tables[] = {{1, 1}, {1000, 1000000}, {5000, 2}, {20000, 3}, {3000, 1}};
+  for (const auto& [count, every] : tables) {
+    SCOPED_TRACE(::testing::Message() << count << " keys, every " << every << " erased");
+    std::vector<Key> keys(static_cast<size_t>(count));
+    std::vector<int> values(keys.size());
+    PointerTable<Key, int> map;
+    for (size_t i = 0; i < keys.size(); ++i) map.Insert(&keys[i], &values[i]);
+    ASSERT_EQ(map.Size(), keys.size());
+    std::vector<size_t> order(keys.size());
+    for (size_t i = 0; i < order.size(); ++i) order[i] = i;
+    std::shuffle(order.begin(), order.end(), std::mt19937(7));
+    size_t erased = 0;
+    for (const size_t i : order) {
+      if (static_cast<int>(i) % every != 0) continue;
       map.Erase(&keys[i]);
-      erased.insert(i);
+      ++erased;
     }
-  EXPECT_EQ(map.Size(), keys.size() - erased.size());
-  for (size_t i = 0; i < keys.size(); ++i) {
-    if (erased.count(i) != 0) {
-      EXPECT_EQ(map.Find(&keys[i]), nullptr) << i;
-    } else {
-      EXPECT_EQ(map.Find(&keys[i]), &values[i]) << i;
-    }
+    EXPECT_EQ(map.Size(), keys.size() - erased);
+    for (size_t i = 0; i < keys.size(); ++i)
+      ASSERT_EQ(map.Find(&keys[i]), static_cast<int>(i) % every == 0 ? nullptr : &values[i]) << i;
   }
 }
-
-const TableCase kTables[] = {
-    {"OneKey", 1, 1},      {"EraseOnlyTheFirst", 1000, 1000000}, {"EraseHalf", 5000, 2}, {"EraseEveryThird", 20000, 3},
-    {"EraseAll", 3000, 1},
-};
-
-INSTANTIATE_TEST_SUITE_P(Tables, PointerTableTest, ::testing::ValuesIn(kTables),
-                         [](const ::testing::TestParamInfo<TableCase>& param) { return param.param.name; });
 
 TEST(PointerTable, ErasedSlotIsReusedAndClearEmptiesAll) {
   Key a{1};

@@ -1,5 +1,6 @@
 // The user's mouse and keys on the tree's window reach the tree's entry
-// points: NodeClick, Collapse, Expand, DblClick, MouseMove and its pointer.
+// points: Collapse, MouseMove (the node under it: the form's HitTest) and its
+// pointer (NodeClick, DblClick and arrow keys: the robot's target run).
 #include <string>
 #include <vector>
 
@@ -12,21 +13,6 @@ namespace {
 using Log = std::vector<std::string>;
 const std::vector<std::string> kTreeEvents{"treItems.NodeClick", "treItems.Click", "treItems.DblClick",
                                            "treItems.Collapse", "treItems.Expand"};
-
-TEST_F(DialogTest, ArrowKeySelectsTheNextNodeAsAClick) {
-  script
-      .Then("select by code",
-            [&] {
-              Node(SampleForm::VarKey(1, 4))->SetSelected(true);
-              SetFocus(Tree());
-              PostKey(Tree(), VK_DOWN);
-            })
-      .Then("check", [&] {
-        EXPECT_EQ(form.Events(kTreeEvents), (Log{"treItems.NodeClick:1:5", "treItems.Click"}));
-        EXPECT_EQ(form.treItems.SelectedItem()->Key(), u"1:5");
-      });
-  script.Run();
-}
 
 TEST_F(DialogTest, MinusSignCollapsesTheNodeAndTakesTheSelectionFromBelowIt) {
   POINT minus{};
@@ -62,19 +48,6 @@ TEST_F(DialogTest, LeftArrowOnAnExpandedNodeCollapsesIt) {
   script.Run();
 }
 
-TEST_F(DialogTest, DoubleClickRaisesDblClickAndLeavesTheExpansion) {
-  script.Then("double click", [&] { PostMouseDoubleClick(Tree(), NodePoint(SampleForm::DsKey(1))); })
-      .Then("check", [&] {
-        // The first click, then the double click: its click first, then DblClick.
-        EXPECT_EQ(form.Events(kTreeEvents),
-                  (Log{"treItems.NodeClick:_Source1", "treItems.Click", "treItems.NodeClick:_Source1", "treItems.Click",
-                       "treItems.DblClick"}));
-        EXPECT_TRUE(Node(SampleForm::DsKey(1))->Expanded());
-        EXPECT_NE(TreeItemState(Tree(), Item(SampleForm::DsKey(1))) & TVIS_EXPANDED, 0u);
-      });
-  script.Run();
-}
-
 TEST_F(DialogTest, MouseMoveNamesTheNodeUnderItAndShowsTheTreesPointer) {
   const HCURSOR noDrop = LoadCursorW(nullptr, IDC_NO);
   script.Then("move over a data source", [&] { PostMouseMove(Tree(), NodePoint(SampleForm::DsKey(1))); })
@@ -100,16 +73,6 @@ TEST_F(DialogTest, MouseMoveNamesTheNodeUnderItAndShowsTheTreesPointer) {
               PostMouseMove(Tree(), {client.right - 5, client.bottom - 5});
             })
       .Then("check nothing", [&] { EXPECT_EQ(form.Events({"treItems.MouseMove"}).back(), "treItems.MouseMove:0:0:"); });
-  script.Run();
-}
-
-TEST_F(DialogTest, HitTestOfTheFormAsksTheWindow) {
-  script.Then("check", [&] {
-    const POINT at = NodePoint(SampleForm::VarKey(2, 5));
-    const vd::forms::NodeRef node = form.treItems.HitTest(static_cast<float>(at.x * 15), static_cast<float>(at.y * 15));
-    ASSERT_TRUE(node);
-    EXPECT_EQ(node->Key(), u"2:5");
-  });
   script.Run();
 }
 

@@ -16,22 +16,7 @@ void PostChars(HWND window, const String& text) {
   for (const char16_t c : text) robot::PostCharacter(window, c);
 }
 
-void PostKey(HWND window, UINT virtualKey, bool shift, bool ctrl) {
-  BYTE keys[256];
-  GetKeyboardState(keys);
-  keys[VK_SHIFT] = shift ? 0x80 : 0;
-  keys[VK_CONTROL] = ctrl ? 0x80 : 0;
-  SetKeyboardState(keys);
-  robot::PostKeystroke(window, static_cast<uint16_t>(virtualKey), false);
-}
-
-void ReleaseModifiers() {
-  BYTE keys[256];
-  GetKeyboardState(keys);
-  keys[VK_SHIFT] = 0;
-  keys[VK_CONTROL] = 0;
-  SetKeyboardState(keys);
-}
+void PostKey(HWND window, UINT virtualKey) { robot::PostKeystroke(window, static_cast<uint16_t>(virtualKey), false); }
 
 void PostMouseClick(HWND window, POINT at) { robot::PostClick(window, at); }
 

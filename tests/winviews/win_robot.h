@@ -16,9 +16,7 @@ using vd::automation::String;
 
 void PostClick(HWND button);
 void PostChars(HWND window, const String& text);
-// A key with the Shift and Ctrl states the loop will see (until ReleaseModifiers).
-void PostKey(HWND window, UINT virtualKey, bool shift = false, bool ctrl = false);
-void ReleaseModifiers();
+void PostKey(HWND window, UINT virtualKey);
 void PostMouseClick(HWND window, POINT at);
 void PostMouseDoubleClick(HWND window, POINT at);
 void PostMouseMove(HWND window, POINT at);

@@ -1,66 +1,29 @@
 #include "background_send.h"
 
+#include <system_error>
+#include <thread>
+
 namespace vd::win32::robot {
 
-struct BackgroundSend::Shared {
-  HWND window = nullptr;
-  UINT message = 0;
-  WPARAM wParam = 0;
-  LPARAM lParam = 0;
-  std::wstring text;
-  bool usesText = false;
-  std::atomic<bool> done{false};
-};
-
-namespace {
-
-DWORD WINAPI SendAndMark(LPVOID parameter) {
-  // The thread owns a reference of its own, taken before it started.
-  auto* shared = static_cast<std::shared_ptr<BackgroundSend::Shared>*>(parameter);
-  const std::shared_ptr<BackgroundSend::Shared> state = std::move(*shared);
-  delete shared;
-  const LPARAM lParam = state->usesText ? reinterpret_cast<LPARAM>(state->text.c_str()) : state->lParam;
-  SendMessageW(state->window, state->message, state->wParam, lParam);
-  state->done = true;
-  return 0;
+BackgroundSend::BackgroundSend(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
+  Start(window, message, wParam, lParam, nullptr);
 }
 
-}  // namespace
-
-BackgroundSend::BackgroundSend(HWND window, UINT message, WPARAM wParam, LPARAM lParam)
-    : shared_(std::make_shared<Shared>()) {
-  shared_->window = window;
-  shared_->message = message;
-  shared_->wParam = wParam;
-  shared_->lParam = lParam;
-  Start();
+BackgroundSend::BackgroundSend(HWND window, UINT message, WPARAM wParam, std::wstring text) {
+  Start(window, message, wParam, 0, std::make_shared<const std::wstring>(std::move(text)));
 }
 
-BackgroundSend::BackgroundSend(HWND window, UINT message, WPARAM wParam, std::wstring text)
-    : shared_(std::make_shared<Shared>()) {
-  shared_->window = window;
-  shared_->message = message;
-  shared_->wParam = wParam;
-  shared_->text = std::move(text);
-  shared_->usesText = true;
-  Start();
-}
-
-void BackgroundSend::Start() {
-  auto* reference = new std::shared_ptr<Shared>(shared_);
-  thread_ = CreateThread(nullptr, 0, SendAndMark, reference, 0, nullptr);
-  if (thread_ == nullptr) {
-    delete reference;
-    shared_->done = true;  // nothing was sent: nothing to wait for
+void BackgroundSend::Start(HWND window, UINT message, WPARAM wParam, LPARAM lParam,
+                           std::shared_ptr<const std::wstring> text) {
+  // The thread shares the flag and the text with this object, and may outlive it.
+  try {
+    std::thread([window, message, wParam, lParam, text, done = done_] {
+      SendMessageW(window, message, wParam, text ? reinterpret_cast<LPARAM>(text->c_str()) : lParam);
+      *done = true;
+    }).detach();
+  } catch (const std::system_error&) {
+    *done_ = true;  // nothing was sent: nothing to wait for
   }
 }
-
-BackgroundSend::~BackgroundSend() {
-  if (thread_ == nullptr) return;
-  if (shared_->done) WaitForSingleObject(thread_, INFINITE);
-  CloseHandle(thread_);
-}
-
-bool BackgroundSend::Done() const { return shared_->done; }
 
 }  // namespace vd::win32::robot

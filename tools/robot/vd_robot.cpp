@@ -1,8 +1,9 @@
 // The robot: drives the dialogs of another program with real window messages,
 // step by step from a script (script/script_parser.h describes the steps).
-//   vd_robot [--timeout MILLISECONDS] [--log FILE] SCRIPT
+//   vd_robot [--log FILE] SCRIPT
 // Start it before the program under test opens its dialog; every step waits
-// for what it needs within the timeout (default 30000 ms). Prints one line per
+// for what it needs within the timeout (30000 ms; the script's "timeout"
+// step changes it). Prints one line per
 // step and "robot: N steps passed, M failed"; with --log, also into FILE.
 // Exit code 0 when every step passed, 1 when one failed, 2 for a bad command
 // line or script.
@@ -11,7 +12,6 @@
 #include <shellapi.h>
 
 #include <cstdio>
-#include <cwchar>
 #include <filesystem>
 #include <fstream>
 #include <iterator>
@@ -25,7 +25,7 @@
 namespace {
 
 constexpr uint32_t kDefaultTimeoutMs = 30000;
-constexpr char kUsage[] = "usage: vd_robot [--timeout MILLISECONDS] [--log FILE] SCRIPT";
+constexpr char kUsage[] = "usage: vd_robot [--log FILE] SCRIPT";
 
 class TickClock final : public vd::robot::Clock {
  public:
@@ -34,27 +34,16 @@ class TickClock final : public vd::robot::Clock {
 };
 
 struct Options {
-  uint32_t timeoutMs = kDefaultTimeoutMs;
   std::wstring log;
   std::wstring script;
 };
 
 bool ParseOptions(const std::vector<std::wstring>& words, Options& options) {
-  for (size_t i = 0; i < words.size(); ++i) {
-    if (words[i] == L"--timeout" && i + 1 < words.size()) {
-      wchar_t* end = nullptr;
-      const unsigned long value = std::wcstoul(words[++i].c_str(), &end, 10);
-      if (end == words[i].c_str() || *end != L'\0' || value == 0 || value > UINT32_MAX) return false;
-      options.timeoutMs = static_cast<uint32_t>(value);
-    } else if (words[i] == L"--log" && i + 1 < words.size()) {
-      options.log = words[++i];
-    } else if (options.script.empty() && !words[i].starts_with(L"--")) {
-      options.script = words[i];
-    } else {
-      return false;
-    }
-  }
-  return !options.script.empty();
+  const bool logged = words.size() == 3 && words[0] == L"--log";
+  if (words.size() != (logged ? 3u : 1u) || words.back().starts_with(L"--")) return false;
+  if (logged) options.log = words[1];
+  options.script = words.back();
+  return true;
 }
 
 bool ReadFile(const std::wstring& path, std::string& text) {
@@ -100,6 +89,6 @@ int main() {
 
   vd::win32::robot::Win32Desktop desktop;
   TickClock clock;
-  vd::robot::StepRunner runner(desktop, clock, print, options.timeoutMs);
+  vd::robot::StepRunner runner(desktop, clock, print, kDefaultTimeoutMs);
   return runner.Run(script.steps).Succeeded() ? 0 : 1;
 }

@@ -6,7 +6,6 @@
 
 #include "background_send.h"
 #include "posted_input.h"
-#include "queue_marker.h"
 #include "views/control_lookup.h"
 #include "views/wide_text.h"
 #include "window_query.h"

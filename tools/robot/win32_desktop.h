@@ -8,7 +8,7 @@
 // used (a button's click, a pasted text, a list's pick), sent from a thread of
 // the robot's own so that a handler may hold a message box open meanwhile.
 // An action has settled when the program has handled what the robot gave it
-// (queue_marker.h), or when it shows a message box, or its form has gone.
+// (posted_input.h), or when it shows a message box, or its form has gone.
 #include <windows.h>
 
 #include <memory>

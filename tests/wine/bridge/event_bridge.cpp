@@ -13,6 +13,7 @@
 #include "expose/exposed_object.h"
 #include "server/ref_count.h"
 #include "vd/automation/error.h"
+#include "vd/sample/sample_file.h"
 
 namespace vd::testbridge {
 
@@ -171,7 +172,7 @@ void EventBridge::Disconnect() {
 
 namespace {
 
-const std::array<win32::Member<EventBridge>, 3> kMembers{{
+const std::array<win32::Member<EventBridge>, 4> kMembers{{
     {u"Connect",
      [](EventBridge& b, const win32::InvokeArgs& a) {
        b.Connect(win32::DispatchFromObject(a.Value(0).AsObject()).Get(),
@@ -184,6 +185,13 @@ const std::array<win32::Member<EventBridge>, 3> kMembers{{
        return automation::Variant();
      }},
     {u"EventsRelayed", [](EventBridge& b, const win32::InvokeArgs&) { return automation::Variant(b.EventsRelayed()); }},
+    // The sample's in-memory display of a sample file's JSON text: the display
+    // a script hands to the component, another module's objects.
+    {u"SampleDisplay",
+     [](EventBridge&, const win32::InvokeArgs& a) {
+       const std::string json = automation::ToUtf8(a.Value(0).AsString());
+       return automation::Variant(automation::ObjectRef(sample::LoadDisplayText(json, "display", ".").display));
+     }},
 }};
 
 }  // namespace

@@ -3,7 +3,8 @@
 // standard connection point and calls the event's name as a method of a
 // handler object (a script class instance) with the event's arguments. An
 // object argument passed by reference goes to the handler by reference; what
-// the handler stores there goes back to the event's raiser.
+// the handler stores there goes back to the event's raiser. It also makes the
+// sample's displays for scripts (SampleDisplay).
 #include <windows.h>
 
 #include <ocidl.h>

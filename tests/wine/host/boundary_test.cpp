@@ -46,27 +46,17 @@ std::wstring ThreadErrorDescription() {
   return description.Get() ? description.Get() : L"";
 }
 
-TEST(BoundaryTest, RichBoundaryLeavesTheErrorForTheThread) {
+// Rich: the error is left for the thread. HRESULT only: the number, no error
+// info. Invoke: the caller's EXCEPINFO, or the HRESULT when it passes none.
+TEST(BoundaryTest, EachBoundaryReportsAThrownErrorItsOwnWay) {
   for (const Thrown& c : ThrownCases()) {
     SCOPED_TRACE(c.name);
     SetErrorInfo(0, nullptr);
     EXPECT_EQ(win32::ComBoundary(L"T", IID_IDispatch, c.body), c.hr);
     EXPECT_EQ(ThreadErrorDescription(), c.described);
-  }
-}
-
-TEST(BoundaryTest, HResultBoundaryReturnsTheNumberAndLeavesNoErrorInfo) {
-  for (const Thrown& c : ThrownCases()) {
-    SCOPED_TRACE(c.name);
     SetErrorInfo(0, nullptr);
     EXPECT_EQ(win32::HResultBoundary(c.body), c.hr);
     EXPECT_EQ(ThreadErrorDescription(), L"<none>");
-  }
-}
-
-TEST(BoundaryTest, InvokeBoundaryFillsTheCallersExcepInfo) {
-  for (const Thrown& c : ThrownCases()) {
-    SCOPED_TRACE(c.name);
     EXCEPINFO info{};
     EXPECT_EQ(win32::InvokeBoundary(L"Test.Source", &info, c.body), DISP_E_EXCEPTION);
     win32::Bstr description = win32::Bstr::Attach(info.bstrDescription);
@@ -74,7 +64,6 @@ TEST(BoundaryTest, InvokeBoundaryFillsTheCallersExcepInfo) {
     EXPECT_EQ(info.scode, c.hr);
     EXPECT_STREQ(description.Get(), c.described);
     EXPECT_STREQ(source.Get(), L"Test.Source");
-    // A caller that passes no EXCEPINFO gets the HRESULT itself.
     EXPECT_EQ(win32::InvokeBoundary(L"Test.Source", nullptr, c.body), c.hr);
   }
 }

@@ -2,15 +2,12 @@
 // DllGetClassObject, with DllCanUnloadNow telling when it may go.
 #include <gtest/gtest.h>
 
-#include <functional>
 #include <string>
 
 #include "VarDeskGUI.h"
 #include "com/bstr.h"
 #include "com/com_ptr.h"
 #include "com/library_handle.h"
-#include "com/unique_variant.h"
-#include "convert/error_convert.h"
 
 namespace vd::testhost {
 namespace {
@@ -87,37 +84,6 @@ TEST_F(ComponentDllTest, UnknownClassesAreNotAvailable) {
   ComPtr<IUnknown> aggregated;
   EXPECT_EQ(Factory(CLSID_VarDeskUI)->CreateInstance(outer.Get(), IID_IUnknown, aggregated.PutVoid()),
             CLASS_E_NOAGGREGATION);
-}
-
-// A run without a display fails while the dialog is prepared, before it
-// shows: the host gets error 91 with its description and source.
-TEST_F(ComponentDllTest, RunsWithoutADisplayFailWithRichErrorsBeforeTheDialogShows) {
-  auto ui = Create<_VarDeskUI>(CLSID_VarDeskUI);
-  struct Case {
-    const char* what;
-    std::function<HRESULT()> run;
-  };
-  ComPtr<IDispatch> selected;
-  const Case cases[] = {
-      {"EditDataSources", [&] { return ui->EditDataSources(nullptr); }},
-      {"SelectDataVar", [&] { return ui->SelectDataVar(nullptr, 1, 501, 0, 0, selected.Put()); }},
-  };
-  for (const Case& c : cases) {
-    SCOPED_TRACE(c.what);
-    EXPECT_EQ(c.run(), static_cast<HRESULT>(0x800A005B));
-    ComPtr<IErrorInfo> info;
-    ASSERT_EQ(GetErrorInfo(0, info.Put()), S_OK);
-    Bstr description;
-    Bstr source;
-    info->GetDescription(description.Put());
-    info->GetSource(source.Put());
-    EXPECT_EQ(description.ToString(), u"Object variable or With block variable not set");
-    EXPECT_EQ(source.ToString(), u"VarDeskGUI.VarDeskUI");
-  }
-  EXPECT_FALSE(selected);
-  VARIANT_BOOL modified = VARIANT_TRUE;
-  EXPECT_EQ(ui->IsModified(&modified), S_OK);
-  EXPECT_EQ(modified, VARIANT_FALSE) << "nothing was edited";
 }
 
 // The members in their order, by DISPID and name, as the type library says.

@@ -1,52 +1,37 @@
 // The events of VarDeskUI through its connection point, raised the way the
-// dialog raises them (through the core's callbacks), and the errors of its
-// methods. The objects are created in this program over a scripted core.
+// dialog raises them (through the core's callbacks). The objects are created
+// in this program over a core without a dialog.
 #include <windows.h>
 
 #include <olectl.h>
 
 #include <gtest/gtest.h>
 
-#include <functional>
-
 #include "VarDeskGUI.h"
-#include "com/bstr.h"
 #include "convert/object_convert.h"
-#include "dispatch/adapt.h"
-#include "dispatch/dispatch_holder.h"
 #include "expose/toolkit_exposers.h"
 #include "forwarding_dispatch.h"
 #include "plant.h"
 #include "recording_sink.h"
 #include "server/var_desk_ui_object.h"
 #include "vd/automation/error.h"
-#include "vd/sample/simulated_scada.h"
 
 namespace vd::testhost {
 namespace {
 
 using win32::ComPtr;
 
-// A core whose dialog runs are scripted by the test.
+// A core without a dialog: the test raises the events through its callbacks.
 class ScriptedCore final : public win32::UiCore {
  public:
-  std::function<void(ScriptedCore&, const toolkit::DisplayRef&)> onEdit;
-  bool IsModified() override { return modified; }
-  void EditDataSources(const toolkit::DisplayRef& display) override {
-    if (onEdit) onEdit(*this, display);
+  bool IsModified() override { return false; }
+  void EditDataSources(const toolkit::DisplayRef&) override {}
+  toolkit::DsvRef SelectDataVar(const toolkit::DisplayRef&, int32_t, int32_t, int32_t, int32_t) override {
+    return nullptr;
   }
-  toolkit::DsvRef SelectDataVar(const toolkit::DisplayRef&, int32_t context, int32_t, int32_t, int32_t) override {
-    if (context == 99) automation::Raise(5, u"Invalid procedure call or argument");
-    return selected;
-  }
-  automation::String HelpFile() override { return help; }
-  void SetHelpFile(const automation::String& path) override { help = path; }
-  void SetCommunication(const toolkit::CommunicationRef& c) override { communication = c; }
-
-  bool modified = false;
-  toolkit::DsvRef selected;
-  automation::String help;
-  toolkit::CommunicationRef communication;
+  automation::String HelpFile() override { return {}; }
+  void SetHelpFile(const automation::String&) override {}
+  void SetCommunication(const toolkit::CommunicationRef&) override {}
 };
 
 struct Fixture {
@@ -158,64 +143,6 @@ TEST(EventsTest, TheContainerOffersExactlyTheEventInterface) {
   GUID guid{};
   ASSERT_EQ(classInfo->GetGUID(GUIDKIND_DEFAULT_SOURCE_DISP_IID, &guid), S_OK);
   EXPECT_TRUE(IsEqualGUID(guid, DIID___VarDeskUI));
-}
-
-TEST(VarDeskUIErrorsTest, ALateBoundCallSeesTheAutomationNumberAndDescription) {
-  Fixture f;
-  auto display = MakePlant();
-  ComPtr<IDispatch> displayDispatch = win32::ExposeObject(display);
-  VARIANT args[5];
-  for (VARIANT& a : args) VariantInit(&a);
-  // SelectDataVar(display, 99, 500, 0, 0), last argument first.
-  args[4].vt = VT_DISPATCH;
-  args[4].pdispVal = displayDispatch.Get();
-  args[3].vt = VT_I4;
-  args[3].lVal = 99;
-  args[2].vt = VT_I4;
-  args[2].lVal = 500;
-  args[1].vt = VT_I4;
-  args[0].vt = VT_I4;
-  DISPPARAMS params{args, nullptr, 5, 0};
-  win32::UniqueVariant result;
-  EXCEPINFO info{};
-  HRESULT hr = f.ui->Invoke(3, IID_NULL, LOCALE_USER_DEFAULT, DISPATCH_METHOD, &params, result.Put(), &info, nullptr);
-  ASSERT_EQ(hr, DISP_E_EXCEPTION);
-  EXPECT_EQ(info.scode, static_cast<SCODE>(0x800A0005));
-  EXPECT_EQ(win32::ToString(info.bstrDescription), u"Invalid procedure call or argument");
-  EXPECT_EQ(win32::ToString(info.bstrSource), u"VarDeskGUI.VarDeskUI");
-  SysFreeString(info.bstrDescription);
-  SysFreeString(info.bstrSource);
-}
-
-TEST(VarDeskUITest, TheSelectedVariableGoesBackAsTheHostsObject) {
-  Fixture f;
-  auto display = MakePlant();
-  auto counts = std::make_shared<LookupCounts>();
-  ComPtr<IDispatch> hostDisplay =
-      Forward(win32::ExposeObject(display).Get(), NameLookup::kGetIDsOfNames, GUID_NULL, counts);
-  // The core picks a variable it read through the adapters.
-  f.core->onEdit = nullptr;
-  auto adapted = win32::AdaptAs<toolkit::Display>(hostDisplay.Get());
-  f.core->selected = adapted->GetDataSources()->DsItem(2)->GetDsVars()->DsvItem(2);
-  ComPtr<IDispatch> selected;
-  ASSERT_EQ(f.ui->SelectDataVar(hostDisplay.Get(), 1, 501, 0, 0, selected.Put()), S_OK);
-  ASSERT_TRUE(selected);
-  auto holder = std::dynamic_pointer_cast<win32::DispatchHolder>(f.core->selected);
-  ASSERT_TRUE(holder);
-  EXPECT_EQ(selected.Get(), holder->Dispatch());
-}
-
-TEST(VarDeskUITest, CommunicationIsHandedOnAndReadsAsNothing) {
-  Fixture f;
-  auto comm = std::make_shared<sample::SimulatedScada>();
-  ComPtr<IDispatch> dispatch = win32::ExposeObject(comm);
-  EXPECT_EQ(f.ui->putref_Communication(dispatch.Get()), S_OK);
-  EXPECT_EQ(f.core->communication.get(), comm.get());
-  ComPtr<IDispatch> read;
-  EXPECT_EQ(f.ui->get_Communication(read.Put()), S_OK);
-  EXPECT_FALSE(read);
-  EXPECT_EQ(f.ui->putref_Communication(nullptr), S_OK);
-  EXPECT_EQ(f.core->communication, nullptr);
 }
 
 }  // namespace

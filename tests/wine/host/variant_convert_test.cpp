@@ -1,4 +1,5 @@
-// Variant <-> VARIANT: every kind, arrays with their bounds, objects both ways.
+// Variant <-> VARIANT: every kind, arrays with their bounds (a round trip
+// keeps the lower bound; a host's typed array is read with its own), objects both ways.
 #include <gtest/gtest.h>
 
 #include <cmath>
@@ -45,6 +46,7 @@ INSTANTIATE_TEST_SUITE_P(
                     RoundTrip{"double", Variant(-0.1), VT_R8}, RoundTrip{"true", Variant(true), VT_BOOL},
                     RoundTrip{"false", Variant(false), VT_BOOL}, RoundTrip{"text", Variant(u" two  blanks "), VT_BSTR},
                     RoundTrip{"empty text", Variant(u""), VT_BSTR},
+                    RoundTrip{"nul and emoji", Variant(automation::String(u"a\0b \U0001F600", 6)), VT_BSTR},
                     RoundTrip{"array", Variant(automation::Array{3, {Variant(int16_t{1}), Variant(u"a"), Variant()}}),
                               VT_ARRAY | VT_VARIANT},
                     RoundTrip{"nested array",
@@ -57,16 +59,6 @@ INSTANTIATE_TEST_SUITE_P(
         if (ch == ' ') ch = '_';
       return name;
     });
-
-TEST(VariantConvertTest, ArrayKeepsItsLowerBound) {
-  win32::UniqueVariant v = ToVariant(Variant(automation::Array{5, {Variant(int32_t{1}), Variant(int32_t{2})}}));
-  LONG lower = 0;
-  LONG upper = 0;
-  SafeArrayGetLBound(v.Ref().parray, 1, &lower);
-  SafeArrayGetUBound(v.Ref().parray, 1, &upper);
-  EXPECT_EQ(lower, 5);
-  EXPECT_EQ(upper, 6);
-}
 
 struct Incoming {
   const char* name;

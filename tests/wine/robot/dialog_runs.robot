@@ -8,7 +8,7 @@ check dbOK enabled
 check txtDsvName text "Level"
 click dbOK
 wait gone
-# 2. A selection run closed.
+# 2. A selection run closed after a variable was shown: no variable.
 wait form frmDataBrowser
 click node "1:2"
 click dbClose

@@ -1,16 +1,17 @@
-' The data source and variable panels of the real dialog, a VBScript display
+' The data source and variable panels of the real dialog, a sample display
 ' read back after the run: the robot (tests/wine/robot/dialog_panels.robot)
 ' changes types, shapes, dimensions, scope, a constant's value and a name.
 Dim ui, d, tanks, level, flow, limits, highLimit
 Set ui = CreateObject("VarDeskGUI.VarDeskUI")
-Set d = New TestDisplay
-Set d.List = New TestDsList
-Set tanks = NewDs(d.List, "Tanks", 6)
-Set level = NewDsv(tanks, "Level", 8, 1.5)
-level.Scope = 1
-Set flow = NewDsv(tanks, "Flow", 7, 0)
-Set limits = NewDs(d.List, "Limits", 3)
-Set highLimit = NewDsv(limits, "HighLimit", 7, 2.5)
+Set d = SampleDisplay("{'dataSources': [{'name': 'Tanks', 'kind': 'memory', 'variables': [" & _
+  "{'name': 'Level', 'type': 'Double', 'value': 1.5}, {'name': 'Flow', 'type': 'Float', 'scope': 'public'}]}, " & _
+  "{'name': 'Limits', 'kind': 'constant', 'variables': " & _
+  "[{'name': 'HighLimit', 'type': 'Float', 'value': 2.5, 'scope': 'public'}]}]}")
+Set tanks = d.GetDataSources().DsItem(1)
+Set level = tanks.GetDsVars().DsvItem(1)
+Set flow = tanks.GetDsVars().DsvItem(2)
+Set limits = d.GetDataSources().DsItem(2)
+Set highLimit = limits.GetDsVars().DsvItem(1)
 
 ui.EditDataSources d
 Check "IsModified after the panels' edits", ui.IsModified()

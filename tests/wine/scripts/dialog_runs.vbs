@@ -22,10 +22,17 @@ End Class
 Const kMark = "0_ThIs_1_StRiNg_2_WiLl_3_NeVeR_4_eVeR_5_bE_6_uSeD_7_aS_8_a_9_nAmE_8_bY_7_THE_6_users543210"
 Dim ui, d, level, pressure, flow, r, editor, bridge
 Set ui = CreateObject("VarDeskGUI.VarDeskUI")
-Set d = NewPlantDisplay()
-Set level = d.List.DsItem(1).GetDsVars().DsvItem(1)
-Set pressure = d.List.DsItem(1).GetDsVars().DsvItem(2)
-Set flow = d.List.DsItem(2).GetDsVars().DsvItem(1)
+Set d = SampleDisplay("{'dataSources': [{'name': 'Tanks', 'kind': 'file', 'ascii': false, 'variables': [" & _
+  "{'name': 'Level', 'type': 'Double', 'value': 1.5, 'scope': 'public'}, " & _
+  "{'name': 'Pressure', 'type': 'Long', 'value': 3, 'scope': 'public', 'useCount': 2}]}, " & _
+  "{'name': 'Scada', 'kind': 'custom', 'className': 'Riverside.Custom', " & _
+  "'params': [{'type': 'text', 'value': 'host1'}, {'type': 'number', 'value': 4711}], 'variables': [" & _
+  "{'name': 'Flow', 'type': 'Float', 'value': 0.25, 'scope': 'public', 'access': 1}, " & _
+  "{'name': 'Valve', 'type': 'Text', 'scope': 'public', 'access': 1}]}, " & _
+  "{'name': 'Scratch', 'kind': 'memory'}]}")
+Set level = d.GetDataSources().DsItem(1).GetDsVars().DsvItem(1)
+Set pressure = d.GetDataSources().DsItem(1).GetDsVars().DsvItem(2)
+Set flow = d.GetDataSources().DsItem(2).GetDsVars().DsvItem(1)
 
 Set r = ui.SelectDataVar(d, 1, 501, 0, 0)
 Check "OK returns a variable", Not r Is Nothing
@@ -50,11 +57,11 @@ CheckEqual "the bridge relayed the event", bridge.EventsRelayed(), 1
 Check "OK returns the variable the panel showed, not the handler's replacement", r Is flow
 bridge.Disconnect
 
-d.List.DsItem(1).SetDsName kMark & "Tanks"
+d.GetDataSources().DsItem(1).SetDsName kMark & "Tanks"
 pressure.SetDsvName kMark & "Pressure_bar"
 Set r = ui.SelectDataVar(d, 3, 500, 0, 0)
 Check "OK returns the variable the host marked", r Is pressure
-CheckEqual "the mark is taken off the data source's name", d.List.DsItem(1).GetDsName(), "Tanks"
+CheckEqual "the mark is taken off the data source's name", d.GetDataSources().DsItem(1).GetDsName(), "Tanks"
 CheckEqual "the mark is taken off the variable's name", pressure.GetDsvName(), "Pressure_bar"
 
 Finish "dialog_runs"

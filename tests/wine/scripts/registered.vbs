@@ -8,7 +8,7 @@ End Class
 
 Const kObjectNotSet = "Object variable or With block variable not set"
 
-Dim ui, other, handler, d, r, modified, bridge
+Dim ui, other, handler, d, r, modified, bridge, source
 Set ui = CreateObject("VarDeskGUI.VarDeskUI")
 Check "VarDeskUI is created by its ProgID", IsObject(ui) And Not ui Is Nothing
 Set handler = CreateObject("VarDeskGUI.SelectionHandler")
@@ -24,8 +24,8 @@ CheckEqual "HelpFile can be emptied", ui.HelpFile, ""
 Set ui.Communication = New ScriptComm
 Check "Communication reads as Nothing after it was set", ui.Communication Is Nothing
 
-Set d = NewPlantDisplay()
-r = handler.SetSelectedVariable(d.List.DsItem(1).GetDsVars().DsvItem(1))
+Set d = SampleDisplay("{'dataSources': [{'name': 'Tanks', 'kind': 'memory', 'variables': [{'name': 'Level'}]}]}")
+r = handler.SetSelectedVariable(d.GetDataSources().DsItem(1).GetDsVars().DsvItem(1))
 Check "SetSelectedVariable returns Empty", IsEmpty(r)
 Check "GetSelectedVariable is Nothing after SetSelectedVariable", handler.GetSelectedVariable() Is Nothing
 r = handler.SetSelectedVariable(Nothing)
@@ -35,7 +35,9 @@ On Error Resume Next
 ui.EditDataSources Nothing
 CheckError "EditDataSources without a display", 91, kObjectNotSet
 Set r = ui.SelectDataVar(Nothing, 1, 501, 0, 0)
+source = Err.Source
 CheckError "SelectDataVar without a display", 91, kObjectNotSet
+CheckEqual "the error's source", source, "VarDeskGUI.VarDeskUI"
 modified = ui.IsModified()
 CheckError "IsModified before any run", 0, ""
 Check "IsModified is False before any edit", modified = False

@@ -2,17 +2,15 @@
 ' type list, the entry already shown: a constant's only entry "Float" over a
 ' stored Double, "Text" over an ASCII file variable stored as Long. The pick
 ' clicks as a user's pick does, so the type picked is stored.
-Dim ui, d, limits, readings, tanks, limit, reading, level
+Dim ui, d, limit, reading, level
 Set ui = CreateObject("VarDeskGUI.VarDeskUI")
-Set d = New TestDisplay
-Set d.List = New TestDsList
-Set limits = NewDs(d.List, "Limits", 3)
-Set limit = NewDsv(limits, "HighLimit", 8, 2.5)
-Set readings = NewDs(d.List, "Readings", 2)
-readings.Ascii = True
-Set reading = NewDsv(readings, "Count", 5, 0)
-Set tanks = NewDs(d.List, "Tanks", 6)
-Set level = NewDsv(tanks, "Level", 5, 0)
+Set d = SampleDisplay("{'dataSources': [" & _
+  "{'name': 'Limits', 'kind': 'constant', 'variables': [{'name': 'HighLimit', 'type': 'Double', 'value': 2.5}]}, " & _
+  "{'name': 'Readings', 'kind': 'file', 'variables': [{'name': 'Count', 'type': 'Long'}]}, " & _
+  "{'name': 'Tanks', 'kind': 'memory', 'variables': [{'name': 'Level', 'type': 'Long'}]}]}")
+Set limit = d.GetDataSources().DsItem(1).GetDsVars().DsvItem(1)
+Set reading = d.GetDataSources().DsItem(2).GetDsVars().DsvItem(1)
+Set level = d.GetDataSources().DsItem(3).GetDsVars().DsvItem(1)
 
 ui.EditDataSources d
 Check "IsModified after the picks", ui.IsModified()

@@ -51,18 +51,25 @@ Class TestScada
   End Sub
 End Class
 
+' A read-only variable of the station: a text parameter, its item id and its
+' mapping code, then as many text parameters as tail says.
+Const kEmpty = "{'type': 'text', 'value': ''}"
+Function Variable(name, dsvType, itemId, mapping, tail)
+  Variable = "{'name': '" & name & "', 'type': '" & dsvType & "', 'scope': 'public', 'access': 1, 'params': [" & _
+    kEmpty & ", {'type': 'text', 'value': '" & itemId & "'}, {'type': 'number', 'value': " & mapping & "}" & _
+    Replace(Space(tail), " ", ", " & kEmpty) & "]}"
+End Function
+
 Dim ui, d, station, run, trend, spare, comm
 Set ui = CreateObject("VarDeskGUI.VarDeskUI")
-Set d = New TestDisplay
-Set d.List = New TestDsList
-Set station = NewDs(d.List, "Station", 105)
-Set station.Params = NewParams(Array("Telvane DV DataSource", 1, 500))
-Set run = NewDsv(station, "Run", 5, 0)
-Set run.Params = NewParams(Array("", "\\APL\1\P\P101\10:OV", 0, "", ""))
-Set trend = NewDsv(station, "Trend", 8, 0)
-Set trend.Params = NewParams(Array("", "\\APL\1\P\LT1\2:OV", 2, "", ""))
-Set spare = NewDsv(station, "Spare", 8, 0)
-Set spare.Params = NewParams(Array("", "\\SYS\1:OV", 0))
+Set d = SampleDisplay("{'dataSources': [{'name': 'Station', 'kind': 'custom', 'className': 'Riverside.Custom', " & _
+  "'params': [{'type': 'text', 'value': 'Telvane DV DataSource'}, {'type': 'number', 'value': 1}, " & _
+  "{'type': 'number', 'value': 500}], 'variables': [" & Variable("Run", "Long", "\\APL\1\P\P101\10:OV", 0, 2) & _
+  ", " & Variable("Trend", "Double", "\\APL\1\P\LT1\2:OV", 2, 2) & ", " & Variable("Spare", "Double", "\\SYS\1:OV", 0, 0) & "]}]}")
+Set station = d.GetDataSources().DsItem(1)
+Set run = station.GetDsVars().DsvItem(1)
+Set trend = station.GetDsVars().DsvItem(2)
+Set spare = station.GetDsVars().DsvItem(3)
 Set comm = New TestScada
 Set ui.Communication = comm
 

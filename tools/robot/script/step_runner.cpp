@@ -1,5 +1,6 @@
 #include "step_runner.h"
 
+#include <cstring>
 #include <utility>
 
 namespace vd::robot {
@@ -74,27 +75,13 @@ RunSummary StepRunner::Run(const std::vector<Step>& steps) {
 }
 
 std::string Quoted(const std::string& utf8) {
+  constexpr char kEscaped[] = "\"\\\r\n\t";
+  constexpr char kWritten[] = "\"\\rnt";  // each one's letter after a backslash
   std::string out = "\"";
   for (const char c : utf8) {
-    switch (c) {
-      case '"':
-        out += "\\\"";
-        break;
-      case '\\':
-        out += "\\\\";
-        break;
-      case '\r':
-        out += "\\r";
-        break;
-      case '\n':
-        out += "\\n";
-        break;
-      case '\t':
-        out += "\\t";
-        break;
-      default:
-        out += c;
-    }
+    const char* escaped = c == '\0' ? nullptr : std::strchr(kEscaped, c);
+    if (escaped != nullptr) out += '\\';
+    out += escaped != nullptr ? kWritten[escaped - kEscaped] : c;
   }
   return out + "\"";
 }

@@ -38,3 +38,10 @@ End Sub
 Sub Finish(scenario)
   WScript.Echo "END " & scenario
 End Sub
+
+' A display of the sample's in-memory toolkit, made by the test bridge from a
+' sample file's JSON text (' stands for ", and \ is taken as written): the
+' objects of another module that a host hands to the component.
+Function SampleDisplay(json)
+  Set SampleDisplay = CreateObject("VdTestBridge.EventBridge").SampleDisplay(Replace(Replace(json, "\", "\\"), "'", Chr(34)))
+End Function

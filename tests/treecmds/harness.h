@@ -1,10 +1,10 @@
 #pragma once
-// The data browser over a small display, a scripted user and scripted UI
-// services; a look at the state that no control shows.
+// The data browser as a host holds it over a display described as JSON, a
+// scripted user and scripted UI services; a look at the state no control shows.
 #include <gtest/gtest.h>
 
 #include <filesystem>
-#include <memory>
+#include <functional>
 #include <string_view>
 #include <vector>
 
@@ -14,6 +14,7 @@
 #include "platform/services.h"
 #include "platform/testing/fake_registry.h"
 #include "platform/testing/memory_file_service.h"
+#include "vd/automation/error.h"
 #include "vd/forms/testing/scripted_ui_services.h"
 #include "vd/forms/testing/test_driver.h"
 #include "vd/sample/sample_file.h"
@@ -30,27 +31,27 @@ struct DataBrowserInspector {
   void ClearModified() const { form.modified = false; }
   void SetPanelFilling(bool filling) const { form.PanelFilling = filling; }
   [[nodiscard]] frmFindDialog& FindDialog() const { return form.FindDialog(); }
-  [[nodiscard]] bool FindDialogCreated() const { return form.findDialog != nullptr; }
 };
 
 }  // namespace vd::browser
 
-namespace vd::treecmds_test {
+namespace vd::feature_test {
 
 using automation::String;
 using automation::ToUtf8;
 
-// Keys: _Plant1 (1:1 Level, 1:2 Flow, 1:3 Label), _Empty2, _Tank3 (3:1 Limit,
-// in use), _Spare4 (4:1 Only).
-inline constexpr std::string_view kPlantJson = R"({ "dataSources": [
-  { "name": "Plant", "kind": "memory", "variables": [ { "name": "Level", "type": "Double" },
-      { "name": "Flow", "type": "Float" }, { "name": "Label", "type": "Text", "cols": 40 } ] },
-  { "name": "Empty", "kind": "memory" },
-  { "name": "Tank", "kind": "constant", "variables": [ { "name": "Limit", "type": "Float", "useCount": 1 } ] },
-  { "name": "Spare", "kind": "memory", "variables": [ { "name": "Only", "type": "Long" } ] } ] })";
+// The Automation error number the action raised, 0 for none.
+inline int32_t ErrorOf(const std::function<void()>& action) {
+  try {
+    action();
+  } catch (const automation::AutomationError& e) {
+    return e.Number();
+  }
+  return 0;
+}
 
-inline toolkit::DisplayRef DisplayFromJson(std::string_view json) {
-  return sample::LoadDisplayText(json, "test.json", std::filesystem::current_path()).display;
+inline sample::SampleDisplay FromJson(std::string_view json) {
+  return sample::LoadDisplayText(json, "test.json", std::filesystem::current_path());
 }
 
 struct Harness {
@@ -62,11 +63,17 @@ struct Harness {
   host::VarDeskUI desk{services};
   browser::frmDataBrowser& dlg = *desk.DataBrowser();
   browser::DataBrowserInspector inside{dlg};
-  toolkit::DisplayRef display;
+  sample::SampleDisplay sample;
 
-  // An editing run over the display.
-  explicit Harness(std::string_view json = kPlantJson) : display(DisplayFromJson(json)) { dlg.InitDBForEdit(display); }
-
+  // An editing run over the display, with its SCADA system when it has one.
+  explicit Harness(std::string_view json) : sample(FromJson(json)) {
+    dlg.SetCommunication(sample.scada);
+    dlg.InitDBForEdit(sample.display);
+  }
+  [[nodiscard]] bool Click(const String& key) const {
+    return dlg.treDataSources.UserSelectNode(dlg.treDataSources.Nodes().Item(key));
+  }
+  void Look(const String& key) const { ASSERT_TRUE(Click(key)) << ToUtf8(key); }
   [[nodiscard]] String SelectedText() const {
     const forms::NodeRef node = dlg.treDataSources.SelectedItem();
     return node ? node->Text() : String(u"(none)");
@@ -74,21 +81,22 @@ struct Harness {
   // The names of data source ds's variables (ds 0: of the data sources), as the display holds them.
   [[nodiscard]] std::vector<String> Names(int32_t ds) const {
     std::vector<String> names;
-    const toolkit::DsListRef list = display->GetDataSources();
-    if (ds == 0) {
-      for (int32_t i = 1; i <= list->DsCount(); ++i) names.push_back(list->DsItem(i)->GetDsName());
-      return names;
-    }
+    const toolkit::DsListRef list = sample.display->GetDataSources();
+    for (int32_t i = 1; ds == 0 && i <= list->DsCount(); ++i) names.push_back(list->DsItem(i)->GetDsName());
+    if (ds == 0) return names;
     const toolkit::DsvListRef vars = list->DsItem(ds)->GetDsVars();
     for (int32_t i = 1; i <= vars->DsvCount(); ++i) names.push_back(vars->DsvItem(i)->GetDsvName());
     return names;
   }
-  // The texts under a tree node, in the order shown.
-  [[nodiscard]] std::vector<String> Shown(const String& key) const {
-    std::vector<String> texts;
-    for (forms::NodeRef n = dlg.treDataSources.Nodes().Item(key)->Child(); n; n = n->Next()) texts.push_back(n->Text());
-    return texts;
-  }
 };
 
-}  // namespace vd::treecmds_test
+// Keys: _Plant1 (1:1 Level, 1:2 Flow, 1:3 Label), _Empty2, _Tank3 (3:1 Limit,
+// in use), _Spare4 (4:1 Only).
+inline constexpr std::string_view kPlantJson = R"({ "dataSources": [
+  { "name": "Plant", "kind": "memory", "variables": [ { "name": "Level", "type": "Double" },
+      { "name": "Flow", "type": "Float" }, { "name": "Label", "type": "Text", "cols": 40 } ] },
+  { "name": "Empty", "kind": "memory" },
+  { "name": "Tank", "kind": "constant", "variables": [ { "name": "Limit", "type": "Float", "useCount": 1 } ] },
+  { "name": "Spare", "kind": "memory", "variables": [ { "name": "Only", "type": "Long" } ] } ] })";
+
+}  // namespace vd::feature_test
