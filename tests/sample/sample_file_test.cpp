@@ -132,7 +132,7 @@ TEST(SampleFileLoad, WritingAndReadingAgainGivesTheSameText) {
      "variables": [{"name": "T", "type": "Text", "cols": 255, "access": 1, "params": [{"type": "text", "value": "é"}]}]}],
    "scada": {"currentApplication": 2,
              "applications": [{"number": 1, "name": "A", "directory": "apl/A"}, {"number": 2, "name": "B", "directory": "/abs/B"}],
-             "objects": [{"name": "WD", "kind": "b", "index": 1, "attributes": {"OV": -3, "F": 2.5, "S": "x", "N": null, "Y": true}}]}})";
+             "objects": [{"name": "WD", "kind": "b", "index": 1, "attributes": {"OV": -3, "F": 2.5, "S": "x", "N": null, "Y": true, "T": [1, 2.5]}}]}})";
   const std::string written = WriteDisplayJson(Load(text), "/samples");
   EXPECT_EQ(WriteDisplayJson(Load(written), "/samples"), written);
   EXPECT_NE(written.find("\"apl/A\""), std::string::npos) << "relative directories stay relative";
