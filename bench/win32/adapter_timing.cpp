@@ -24,6 +24,8 @@
 #include "com/com_ptr.h"
 #include "dispatch/adapt.h"
 #include "expose/toolkit_exposers.h"
+#include "forwarder.h"
+#include "headless_services.h"
 #include "platform/services.h"
 #include "vd/sample/large_display.h"
 
@@ -31,6 +33,11 @@ namespace {
 
 using vd::automation::String;
 using vd::automation::StringView;
+using vd::bench::CallCounts;
+using vd::bench::counts;
+using vd::bench::Forwarder;
+using vd::bench::NoFiles;
+using vd::bench::NoRegistry;
 using vd::win32::ComPtr;
 
 double Now() {
@@ -41,66 +48,6 @@ double Now() {
   return 1000.0 * static_cast<double>(now.QuadPart) / static_cast<double>(frequency.QuadPart);
 }
 
-struct CallCounts {
-  long invokes = 0;
-  long nameLookups = 0;
-  long typeInfoQueries = 0;
-};
-CallCounts counts;
-
-// Passes every call to the object it wraps; objects that come back are
-// wrapped in turn.
-class Forwarder final : public IDispatch {
- public:
-  explicit Forwarder(ComPtr<IDispatch> inner) : inner_(std::move(inner)) {}
-  Forwarder(const Forwarder&) = delete;
-  Forwarder& operator=(const Forwarder&) = delete;
-  ~Forwarder() = default;
-
-  HRESULT STDMETHODCALLTYPE QueryInterface(REFIID iid, void** out) override {
-    if (!out) return E_POINTER;
-    if (IsEqualIID(iid, IID_IUnknown) || IsEqualIID(iid, IID_IDispatch)) {
-      *out = static_cast<IDispatch*>(this);
-      AddRef();
-      return S_OK;
-    }
-    *out = nullptr;
-    return E_NOINTERFACE;
-  }
-  ULONG STDMETHODCALLTYPE AddRef() override { return ++refs_; }
-  ULONG STDMETHODCALLTYPE Release() override {
-    const ULONG left = --refs_;
-    if (left == 0) delete this;
-    return left;
-  }
-  HRESULT STDMETHODCALLTYPE GetTypeInfoCount(UINT* count) override {
-    ++counts.typeInfoQueries;
-    return inner_->GetTypeInfoCount(count);
-  }
-  HRESULT STDMETHODCALLTYPE GetTypeInfo(UINT index, LCID lcid, ITypeInfo** info) override {
-    ++counts.typeInfoQueries;
-    return inner_->GetTypeInfo(index, lcid, info);
-  }
-  HRESULT STDMETHODCALLTYPE GetIDsOfNames(REFIID iid, LPOLESTR* names, UINT count, LCID lcid, DISPID* ids) override {
-    ++counts.nameLookups;
-    return inner_->GetIDsOfNames(iid, names, count, lcid, ids);
-  }
-  HRESULT STDMETHODCALLTYPE Invoke(DISPID id, REFIID iid, LCID lcid, WORD flags, DISPPARAMS* params, VARIANT* result,
-                                   EXCEPINFO* info, UINT* argError) override {
-    ++counts.invokes;
-    const HRESULT hr = inner_->Invoke(id, iid, lcid, flags, params, result, info, argError);
-    if (SUCCEEDED(hr) && result != nullptr && result->vt == VT_DISPATCH && result->pdispVal != nullptr) {
-      IDispatch* wrapped = new Forwarder(ComPtr<IDispatch>::Attach(result->pdispVal));
-      result->pdispVal = wrapped;
-    }
-    return hr;
-  }
-
- private:
-  ComPtr<IDispatch> inner_;
-  ULONG refs_ = 1;
-};
-
 class SilentUi final : public vd::forms::UiServices {
  public:
   int32_t MsgBox(StringView, int32_t, const std::optional<String>&) override { return vd::forms::vbOK; }
@@ -110,23 +57,6 @@ class SilentUi final : public vd::forms::UiServices {
   void BringToFront(const vd::forms::Form&) override {}
   void SetScreenMousePointer(int16_t) override {}
   void RefreshNow(const vd::forms::Control&) override {}
-};
-
-class NoRegistry final : public vd::platform::Registry {
- public:
-  vd::platform::RegOpenResult OpenKey(vd::platform::RegHandle, std::string_view, uint32_t, uint32_t) override {
-    return {vd::platform::reg::kErrorFileNotFound, 0};
-  }
-  vd::platform::RegQueryResult QueryValue(vd::platform::RegHandle, std::string_view, std::span<char>) override {
-    return {vd::platform::reg::kErrorFileNotFound, 0, 0};
-  }
-  int32_t CloseKey(vd::platform::RegHandle) override { return vd::platform::reg::kErrorSuccess; }
-};
-
-class NoFiles final : public vd::platform::FileService {
- public:
-  [[nodiscard]] vd::platform::FileReadResult ReadAll(StringView) const override { return {53, {}}; }
-  [[nodiscard]] bool Exists(StringView) const override { return false; }
 };
 
 double BuildMilliseconds(vd::browser::frmDataBrowser& dlg, const vd::toolkit::DisplayRef& display) {

@@ -3,13 +3,22 @@
 // does (EditDataSources on the COM object, the display a foreign IDispatch),
 // until the dialog is shown with its tree filled and painted; beside it, in
 // the same run, the floor: the same 102,000 texts inserted into a bare tree
-// view with redraw off, the data sources opened, then shown and painted. Prints the best of several
-// rounds of each and their ratio.
+// view with redraw off, the data sources opened, then shown and painted; and
+// the same bare tree once more with its texts given by callback (the window
+// asks for a text only when it paints it). Prints the best of several rounds
+// of each, their ratio, and the memory each added in its first round while it
+// stood filled and painted. Then where the dialog's time goes: the same build
+// of the dialog's tree headless through IDispatch (reading the display and
+// the forms nodes) and over the in-memory display (the forms nodes alone); the
+// rest is the window, its inserts and its first paint, which the bare tree
+// shows apart (inserts with redraw off, then opening and painting).
 //
-//   vd_dialog_bench [ROUNDS]   (default 5; run under Wine with a display)
+//   vd_dialog_bench [ROUNDS [DATA_SOURCES VARIABLES]]
+//   (default 5 rounds over 2,000 x 50; run under Wine with a display)
 #include <windows.h>
 
 #include <commctrl.h>
+#include <psapi.h>
 #include <shellapi.h>
 
 #include <algorithm>
@@ -19,9 +28,14 @@
 #include <vector>
 
 #include "VarDeskGUI.h"
+#include "browser/frm_data_browser.h"
 #include "com/com_ptr.h"
 #include "demo/component_loader.h"
+#include "dispatch/adapt.h"
 #include "expose/toolkit_exposers.h"
+#include "forwarder.h"
+#include "headless_services.h"
+#include "silent_ui.h"
 #include "vd/sample/large_display.h"
 #include "views/control_lookup.h"
 
@@ -72,11 +86,51 @@ TreeTexts TextsOf(const vd::sample::SampleDisplay& sample) {
   return texts;
 }
 
+// The process's private bytes now; where the system reports none (Wine),
+// its working set, which a filled tree grows by its own pages alone.
+double PrivateMegabytes() {
+  PROCESS_MEMORY_COUNTERS_EX counters{};
+  counters.cb = sizeof counters;
+  if (!GetProcessMemoryInfo(GetCurrentProcess(), reinterpret_cast<PROCESS_MEMORY_COUNTERS*>(&counters),
+                            sizeof counters))
+    return 0;
+  const SIZE_T bytes = counters.PrivateUsage != 0 ? counters.PrivateUsage : counters.WorkingSetSize;
+  return static_cast<double>(bytes) / (1024.0 * 1024.0);
+}
+
+struct Measure {
+  double milliseconds = 0;
+  double megabytes = 0;            // memory added while the window stood filled
+  double insertsMilliseconds = 0;  // the bare tree: until every item is in, redraw still off
+};
+
+// The bare tree's frame answers a callback item's text from the item's lParam.
+LRESULT CALLBACK BareFrameProc(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
+  if (message == WM_NOTIFY && reinterpret_cast<const NMHDR*>(lParam)->code == TVN_GETDISPINFOW) {
+    auto* info = reinterpret_cast<NMTVDISPINFOW*>(lParam);
+    if ((info->item.mask & TVIF_TEXT) != 0)
+      info->item.pszText = const_cast<LPWSTR>(reinterpret_cast<const std::wstring*>(info->item.lParam)->c_str());
+    return 0;
+  }
+  return DefWindowProcW(window, message, wParam, lParam);
+}
+
+// One item of the bare tree: its text stored, or given by callback.
+TVINSERTSTRUCTW BareItem(HTREEITEM parent, const std::wstring& text, bool callback) {
+  TVINSERTSTRUCTW insert{};
+  insert.hParent = parent;
+  insert.hInsertAfter = TVI_LAST;
+  insert.item.mask = callback ? TVIF_TEXT | TVIF_PARAM : TVIF_TEXT;
+  insert.item.pszText = callback ? LPSTR_TEXTCALLBACKW : const_cast<LPWSTR>(text.c_str());
+  insert.item.lParam = reinterpret_cast<LPARAM>(&text);
+  return insert;
+}
+
 // The floor: a top-level window holding a tree view with the dialog's styles.
-double BareTreeMilliseconds(const TreeTexts& texts) {
+Measure BareTree(const TreeTexts& texts, bool callback) {
   static const ATOM frameClass = [] {
     WNDCLASSW windowClass{};
-    windowClass.lpfnWndProc = DefWindowProcW;
+    windowClass.lpfnWndProc = BareFrameProc;
     windowClass.hInstance = GetModuleHandleW(nullptr);
     windowClass.hbrBackground = GetSysColorBrush(COLOR_BTNFACE);
     windowClass.lpszClassName = L"VdBareTreeFrame";
@@ -88,6 +142,7 @@ double BareTreeMilliseconds(const TreeTexts& texts) {
       WS_EX_CLIENTEDGE, WC_TREEVIEWW, L"",
       WS_CHILD | WS_VISIBLE | WS_TABSTOP | TVS_HASLINES | TVS_HASBUTTONS | TVS_LINESATROOT | TVS_SHOWSELALWAYS, 8, 8,
       600, 420, frame, nullptr, GetModuleHandleW(nullptr), nullptr);
+  const double megabytesBefore = PrivateMegabytes();
   const Stopwatch watch;
   SendMessageW(tree, WM_SETREDRAW, FALSE, 0);
   // The data sources go in first, then the variables under their collapsed
@@ -96,36 +151,29 @@ double BareTreeMilliseconds(const TreeTexts& texts) {
   std::vector<HTREEITEM> parents;
   parents.reserve(texts.dataSources.size());
   for (const std::wstring& name : texts.dataSources) {
-    TVINSERTSTRUCTW parent{};
-    parent.hParent = TVI_ROOT;
-    parent.hInsertAfter = TVI_LAST;
-    parent.item.mask = TVIF_TEXT;
-    parent.item.pszText = const_cast<LPWSTR>(name.c_str());
+    TVINSERTSTRUCTW parent = BareItem(TVI_ROOT, name, callback);
     parents.push_back(
         reinterpret_cast<HTREEITEM>(SendMessageW(tree, TVM_INSERTITEMW, 0, reinterpret_cast<LPARAM>(&parent))));
   }
   for (size_t i = 0; i < parents.size(); ++i) {
     for (const std::wstring& name : texts.variables[i]) {
-      TVINSERTSTRUCTW child{};
-      child.hParent = parents[i];
-      child.hInsertAfter = TVI_LAST;
-      child.item.mask = TVIF_TEXT;
-      child.item.pszText = const_cast<LPWSTR>(name.c_str());
+      TVINSERTSTRUCTW child = BareItem(parents[i], name, callback);
       SendMessageW(tree, TVM_INSERTITEMW, 0, reinterpret_cast<LPARAM>(&child));
     }
   }
+  const double inserted = watch.Milliseconds();
   for (HTREEITEM parent : parents) SendMessageW(tree, TVM_EXPAND, TVE_EXPAND, reinterpret_cast<LPARAM>(parent));
   SendMessageW(tree, WM_SETREDRAW, TRUE, 0);
   ShowWindow(frame, SW_SHOW);
   UpdateWindow(frame);
-  const double elapsed = watch.Milliseconds();
+  const Measure measure{watch.Milliseconds(), PrivateMegabytes() - megabytesBefore, inserted};
   const auto count = static_cast<size_t>(SendMessageW(tree, TVM_GETCOUNT, 0, 0));
   DestroyWindow(frame);
   if (count != texts.NodeCount()) {
     std::printf("the bare tree holds %zu nodes, not %zu\n", count, texts.NodeCount());
     std::exit(1);
   }
-  return elapsed;
+  return measure;
 }
 
 // While the component's dialog runs: the moment its tree is full and it is
@@ -135,6 +183,7 @@ struct DialogWatch {
   const Stopwatch* watch = nullptr;
   size_t expectedNodes = 0;
   double shownAt = -1;
+  double megabytes = 0;  // private bytes with the dialog shown
 };
 DialogWatch* theWatch = nullptr;
 
@@ -146,11 +195,13 @@ void CALLBACK OnDialogTimer(HWND, UINT, UINT_PTR timer, DWORD) {
   if (static_cast<size_t>(SendMessageW(tree, TVM_GETCOUNT, 0, 0)) != theWatch->expectedNodes) return;
   UpdateWindow(dialog);
   theWatch->shownAt = theWatch->watch->Milliseconds();
+  theWatch->megabytes = PrivateMegabytes();
   KillTimer(nullptr, timer);
   PostMessageW(vd::win32::views::FindControlWindow(dialog, u"dbClose"), BM_CLICK, 0, 0);
 }
 
-double ComponentMilliseconds(_VarDeskUI& ui, IDispatch* display, size_t nodes) {
+Measure Component(_VarDeskUI& ui, IDispatch* display, size_t nodes) {
+  const double megabytesBefore = PrivateMegabytes();
   const Stopwatch watch;
   DialogWatch dialogWatch{&watch, nodes};
   theWatch = &dialogWatch;
@@ -162,15 +213,55 @@ double ComponentMilliseconds(_VarDeskUI& ui, IDispatch* display, size_t nodes) {
     std::printf("the dialog run failed (0x%08lX) or never showed its tree\n", static_cast<unsigned long>(hr));
     std::exit(1);
   }
-  return dialogWatch.shownAt;
+  return {dialogWatch.shownAt, dialogWatch.megabytes - megabytesBefore};
 }
 
-int Rounds() {
+struct Arguments {
+  int rounds = 5;
+  int32_t dataSources = 2000;
+  int32_t variables = 50;
+};
+
+Arguments ArgumentsOf() {
   int count = 0;
   LPWSTR* argv = CommandLineToArgvW(GetCommandLineW(), &count);
-  const int rounds = count > 1 ? _wtoi(argv[1]) : 5;
+  Arguments arguments;
+  if (count > 1) arguments.rounds = std::max(_wtoi(argv[1]), 1);
+  if (count > 3) {
+    arguments.dataSources = std::max(_wtoi(argv[2]), 1);
+    arguments.variables = std::max(_wtoi(argv[3]), 0);
+  }
   LocalFree(argv);
-  return std::max(rounds, 1);
+  return arguments;
+}
+
+// The best (least) time over the rounds, with the memory of the first (later
+// rounds reuse what the first one's heap kept).
+Measure Best(const std::vector<Measure>& rounds) {
+  Measure best = rounds.front();
+  for (const Measure& m : rounds) {
+    best.milliseconds = std::min(best.milliseconds, m.milliseconds);
+    best.insertsMilliseconds = std::min(best.insertsMilliseconds, m.insertsMilliseconds);
+  }
+  return best;
+}
+
+// The dialog's tree built headless, as the dialog builds it, best of rounds.
+double HeadlessBuildMilliseconds(const vd::toolkit::DisplayRef& display, int rounds) {
+  vd::bench::SilentUi ui;
+  vd::bench::NoRegistry registry;
+  vd::bench::NoFiles files;
+  vd::platform::Services services{ui, registry, files};
+  vd::browser::frmDataBrowser dlg(services);
+  double best = 0;
+  for (int round = 0; round < rounds; ++round) {
+    dlg.treDataSources.Nodes().Clear();
+    const Stopwatch watch;
+    dlg.InitDBForEdit(display);
+    const double elapsed = watch.Milliseconds();
+    best = round == 0 ? elapsed : std::min(best, elapsed);
+  }
+  return best;
 }
 
 }  // namespace
@@ -179,30 +270,54 @@ int main() {
   if (FAILED(CoInitializeEx(nullptr, COINIT_APARTMENTTHREADED))) return 1;
   const INITCOMMONCONTROLSEX classes{sizeof(INITCOMMONCONTROLSEX), ICC_TREEVIEW_CLASSES};
   InitCommonControlsEx(&classes);
-  const int rounds = Rounds();
+  const Arguments arguments = ArgumentsOf();
+  const int rounds = arguments.rounds;
   int result = 0;
   {
-    const vd::sample::SampleDisplay sample = vd::sample::GenerateLargeDisplay({2000, 50});
+    const vd::sample::SampleDisplay sample =
+        vd::sample::GenerateLargeDisplay({arguments.dataSources, arguments.variables});
     const TreeTexts texts = TextsOf(sample);
     const ComPtr<IDispatch> display = vd::win32::ExposeObject(sample.display);
     vd::win32::demo::LoadedComponent component = vd::win32::demo::CreateVarDeskUI();
 
-    std::vector<double> dialog;
-    std::vector<double> floor;
-    BareTreeMilliseconds(texts);  // loads and warms the common controls
+    std::vector<Measure> dialog;
+    std::vector<Measure> floor;
+    std::vector<Measure> callbacks;
+    BareTree(texts, false);  // loads and warms the common controls
     for (int round = 0; round < rounds; ++round) {
-      floor.push_back(BareTreeMilliseconds(texts));
-      dialog.push_back(ComponentMilliseconds(*component.ui.Get(), display.Get(), texts.NodeCount()));
-      std::printf("round %d: dialog %.0f ms, bare tree %.0f ms\n", round + 1, dialog.back(), floor.back());
+      floor.push_back(BareTree(texts, false));
+      callbacks.push_back(BareTree(texts, true));
+      dialog.push_back(Component(*component.ui.Get(), display.Get(), texts.NodeCount()));
+      std::printf("round %d: dialog %.0f ms, bare tree %.0f ms, bare tree with callback texts %.0f ms\n", round + 1,
+                  dialog.back().milliseconds, floor.back().milliseconds, callbacks.back().milliseconds);
       std::fflush(stdout);
     }
-    const double bestDialog = *std::min_element(dialog.begin(), dialog.end());
-    const double bestFloor = *std::min_element(floor.begin(), floor.end());
+    const Measure bestDialogMeasure = Best(dialog);
+    const Measure bestFloorMeasure = Best(floor);
+    const Measure bestCallbacks = Best(callbacks);
+    const double bestDialog = bestDialogMeasure.milliseconds;
+    const double bestFloor = bestFloorMeasure.milliseconds;
     std::printf("nodes: %zu (%zu data sources x %zu variables)\n", texts.NodeCount(), texts.dataSources.size(),
                 texts.variables.empty() ? size_t{0} : texts.variables[0].size());
     std::printf("dialog open through the component (best of %d): %.0f ms\n", rounds, bestDialog);
     std::printf("bare tree view, redraw off (best of %d): %.0f ms\n", rounds, bestFloor);
-    std::printf("ratio: %.2f (goal <= 1.30)\n", bestDialog / bestFloor);
+    std::printf("bare tree view, callback texts (best of %d): %.0f ms\n", rounds, bestCallbacks.milliseconds);
+    std::printf("ratio: %.2f (goal <= 1.00)\n", bestDialog / bestFloor);
+    std::printf(
+        "memory added in the first round: dialog %.1f MB, bare tree %.1f MB, bare tree with callback texts "
+        "%.1f MB; ratio %.2f (goal <= 2.00)\n",
+        bestDialogMeasure.megabytes, bestFloorMeasure.megabytes, bestCallbacks.megabytes,
+        bestFloorMeasure.megabytes > 0 ? bestDialogMeasure.megabytes / bestFloorMeasure.megabytes : 0.0);
+    const ComPtr<IDispatch> foreign = ComPtr<IDispatch>::Attach(new vd::bench::Forwarder(display));
+    const double throughCom =
+        HeadlessBuildMilliseconds(vd::win32::AdaptAs<vd::toolkit::Display>(foreign.Get()), rounds);
+    const double inMemory = HeadlessBuildMilliseconds(sample.display, rounds);
+    std::printf("where the dialog's time goes (best of %d each):\n", rounds);
+    std::printf("  reading the display through IDispatch: %.0f ms\n", throughCom - inMemory);
+    std::printf("  the forms nodes (the same build over the in-memory display): %.0f ms\n", inMemory);
+    std::printf("  the dialog's windows, the view's inserts and the first paint: %.0f ms\n", bestDialog - throughCom);
+    std::printf("  bare tree for comparison: inserts %.0f ms, opening and first paint %.0f ms\n",
+                bestFloorMeasure.insertsMilliseconds, bestFloor - bestFloorMeasure.insertsMilliseconds);
     result = 0;
   }
   CoUninitialize();

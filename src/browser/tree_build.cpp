@@ -122,10 +122,10 @@ void frmDataBrowser::AddDsvNodes(const forms::NodeRef& dsNode, int16_t dsIndex, 
   const String keyPrefix = ToDecimal(dsIndex) + u":";
   forms::NodeRef requested;
   for (int32_t j = 1; j <= count; ++j) {
-    const String name = Obj(vars->DsvItem(j)).GetDsvName();
+    String name = Obj(vars->DsvItem(j)).GetDsvName();
     String position = ToDecimal(j);
     const forms::NodeRef node =
-        nodes.Add(parentKey, forms::tvwChild, keyPrefix + position, name, tree_image::kVariable);
+        nodes.Add(parentKey, forms::tvwChild, keyPrefix + position, std::move(name), tree_image::kVariable);
     node->SetTag(Variant(std::move(position)));
     if (selectIndex && *selectIndex == j) requested = node;
   }

@@ -1,6 +1,7 @@
 #include "vd/forms/node.h"
 
 #include <algorithm>
+#include <utility>
 #include <vector>
 
 #include "assign.h"
@@ -68,7 +69,7 @@ Node* SortedPlace(const Node& parent, vd::automation::StringView text) {
 }
 }  // namespace detail
 
-Node::Node(Token, TreeView* tree, StringView key, StringView text) : tree_(tree), key_(key), text_(text) {}
+Node::Node(Token, TreeView* tree, StringView key, String text) : tree_(tree), key_(key), text_(std::move(text)) {}
 
 void Node::CheckLive() const {
   if (tree_ == nullptr) vd::automation::Raise(err::kNodeRemoved, u"Control has been deleted");

@@ -139,11 +139,15 @@ void Nodes::Reserve(int32_t count) {
   }
 }
 
-NodeRef Nodes::Add(const NodeRelative& relative, int32_t relationship, StringView key, StringView text, int32_t image,
-                   int32_t selectedImage) {
+NodeRef Nodes::Add(const NodeRelative& relative, int32_t relationship, StringView key, const NodeText& text,
+                   int32_t image, int32_t selectedImage) {
   Node* rel = Resolve(relative);
   if (relationship < tvwFirst || relationship > tvwChild) Raise(aerr::kInvalidProcedureCall);
   const uint32_t keyHash = key.empty() ? 0 : detail::NodeKeyIndex::Hash(key);
+  if (!key.empty()) keys_.Prefetch(keyHash);
+  // Made before the key is probed, which mostly waits for memory; a node
+  // that an error below refuses goes straight back to the pool.
+  auto node = std::allocate_shared<Node>(detail::NodeAllocator<Node>(pool_), Node::Token{}, tree_, key, text.Take());
   size_t keySlot = 0;
   if (!key.empty() && keys_.FindForInsert(key, keyHash, keySlot) != nullptr) Raise(aerr::kTreeKeyNotUnique);
   tree_->CheckImage(image);
@@ -170,13 +174,12 @@ NodeRef Nodes::Add(const NodeRelative& relative, int32_t relationship, StringVie
         break;
     }
   }
-  if (parent->sorted_) after = detail::SortedPlace(*parent, text);
+  if (parent->sorted_) after = detail::SortedPlace(*parent, node->text_);
 
   if (slots_.size() == slots_.capacity()) {
     slots_.reserve(slots_.size() * 2 + 16);
     counts_.reserve(slots_.capacity());
   }
-  auto node = std::allocate_shared<Node>(detail::NodeAllocator<Node>(pool_), Node::Token{}, tree_, key, text);
   node->image_ = image;
   node->selectedImage_ = selectedImage;
   detail::LinkAfter(*parent, after, *node);

@@ -41,6 +41,15 @@ std::shared_ptr<MemoryDsv> MemoryDsvList::Item(int32_t index) {
     Raise(automation::err::kSubscriptOutOfRange,
           u"Data variable index " + ToDecimal(index) + u" is outside 1 to " + ToDecimal(count));
   }
+  // Readers walk the list in order: the next variables' memory is asked for
+  // now, so that it arrives while the caller works on this one.
+  const auto next = static_cast<size_t>(index);
+  if (next + 1 < items_.size()) __builtin_prefetch(items_[next + 1].get());
+  if (next < items_.size()) {
+    const MemoryDsv& following = *items_[next];
+    __builtin_prefetch(following.presence_.get());
+    __builtin_prefetch(following.name_.data());
+  }
   return items_[static_cast<size_t>(index) - 1];
 }
 
@@ -50,9 +59,9 @@ std::shared_ptr<MemoryDsv> MemoryDsvList::Add() {
   const int32_t count = DsvCount();
   if (count >= maxVariables_) return nullptr;
   const bool floatOnly = kind_ == toolkit::kind::kFile || kind_ == toolkit::kind::kConstant;
-  auto dsv = std::shared_ptr<MemoryDsv>(new MemoryDsv(weak_from_this(), presence_, names_.Fresh(u"var", count + 1, u""),
-                                                      floatOnly ? toolkit::dsvtype::kFloat : toolkit::dsvtype::kDouble,
-                                                      kind_ == toolkit::kind::kCustom));
+  auto dsv = std::make_shared<MemoryDsv>(
+      MemoryDsv::Token{}, weak_from_this(), presence_, names_.Fresh(u"var", count + 1, u""),
+      floatOnly ? toolkit::dsvtype::kFloat : toolkit::dsvtype::kDouble, kind_ == toolkit::kind::kCustom);
   names_.Add(dsv->name_);
   items_.push_back(dsv);
   return dsv;
@@ -83,8 +92,8 @@ bool MemoryDsvList::Move(MemoryDsv* dsv, int32_t step) {
 
 // --- one variable ---
 
-MemoryDsv::MemoryDsv(std::weak_ptr<MemoryDsvList> list, std::shared_ptr<detail::Presence> parentPresence, String name,
-                     int32_t type, bool custom)
+MemoryDsv::MemoryDsv(Token /*unused*/, std::weak_ptr<MemoryDsvList> list,
+                     std::shared_ptr<detail::Presence> parentPresence, String name, int32_t type, bool custom)
     : list_(std::move(list)),
       presence_(std::make_shared<detail::Presence>(std::move(parentPresence))),
       name_(std::move(name)),

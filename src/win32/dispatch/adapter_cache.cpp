@@ -1,15 +1,23 @@
 #include "dispatch/adapter_cache.h"
 
-#include <map>
+#include <functional>
 #include <mutex>
+#include <unordered_map>
 #include <utility>
 
 namespace vd::win32 {
 namespace {
 
+using Key = std::pair<IUnknown*, std::type_index>;
+struct KeyHash {
+  size_t operator()(const Key& key) const noexcept {
+    return std::hash<IUnknown*>()(key.first) * 31 + key.second.hash_code();
+  }
+};
+
 struct Cache {
   std::mutex mutex;
-  std::map<std::pair<IUnknown*, std::type_index>, std::weak_ptr<automation::Object>> entries;
+  std::unordered_map<Key, std::weak_ptr<automation::Object>, KeyHash> entries;
   size_t sweepAt = 64;
 };
 

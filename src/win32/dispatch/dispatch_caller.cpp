@@ -19,12 +19,12 @@ CallArg CallArg::ByRef(UniqueVariant& slot) {
 }
 
 DispatchCaller::DispatchCaller(ComPtr<IDispatch> dispatch)
-    : dispatch_(std::move(dispatch)), ids_(MemberIdsFor(dispatch_.Get())) {}
+    : dispatch_(std::move(dispatch)), shared_(SharedMemberIdsFor(dispatch_.Get())) {}
 
-bool DispatchCaller::Has(automation::StringView name) { return ids_->Find(dispatch_.Get(), name).has_value(); }
+bool DispatchCaller::Has(automation::StringView name) { return Ids().Find(dispatch_.Get(), name).has_value(); }
 
 UniqueVariant DispatchCaller::Call(automation::StringView name, std::span<const CallArg> args) {
-  std::optional<DISPID> id = ids_->Find(dispatch_.Get(), name);
+  std::optional<DISPID> id = Ids().Find(dispatch_.Get(), name);
   if (!id) automation::Raise(automation::err::kMethodNotSupported);
   // DISPPARAMS lists the arguments last to first; the VARIANTs stay owned by
   // args. Calls of the toolkit take few arguments: those need no allocation.

@@ -48,11 +48,14 @@ class DispatchCaller {
   // Whether the object answers the member name.
   bool Has(automation::StringView name);
 
-  [[nodiscard]] const MemberIds& Ids() const { return *ids_; }
+  [[nodiscard]] const MemberIds& Ids() const { return shared_ ? *shared_ : own_; }
 
  private:
+  MemberIds& Ids() { return shared_ ? *shared_ : own_; }
+
   ComPtr<IDispatch> dispatch_;
-  std::shared_ptr<MemberIds> ids_;
+  std::shared_ptr<MemberIds> shared_;  // the table of the object's type, when it has one
+  MemberIds own_;                      // else the object's own, made along with the caller
 };
 
 }  // namespace vd::win32

@@ -4,8 +4,13 @@
 
 #include <dispex.h>
 
+#include <algorithm>
+#include <array>
 #include <cstring>
 #include <map>
+#include <mutex>
+#include <set>
+#include <string>
 
 #include "com/bstr.h"
 #include "com/com_ptr.h"
@@ -40,15 +45,37 @@ GUID TypeGuidOf(IDispatch* dispatch) {
   return guid;
 }
 
+// The one copy of a member name that the process keeps: tables refer to it.
+// Objects are called by the few names their callers know, so the set stays small.
+automation::StringView Interned(automation::StringView name) {
+  static std::mutex mutex;
+  static auto* names = new std::set<automation::String, std::less<>>;  // never destroyed: tables may outlive it
+  const std::lock_guard lock(mutex);
+  auto found = names->find(name);
+  if (found == names->end()) found = names->emplace(name).first;
+  return *found;
+}
+
 }  // namespace
 
 std::optional<DISPID> MemberIds::Find(IDispatch* dispatch, automation::StringView name) {
-  for (const auto& [known, id] : ids_) {
-    if (known == name) return id;
+  for (size_t i = 0; i < firstCount_; ++i) {
+    if (first_[i].name == name) return first_[i].id;
+  }
+  for (const Entry& entry : more_) {
+    if (entry.name == name) return entry.id;
   }
   ++resolved_;
-  std::wstring wide = ToWide(name);
-  LPOLESTR names[] = {wide.data()};
+  // The name as a wide, terminated string; a member name fits the buffer.
+  std::array<wchar_t, 64> buffer{};
+  std::wstring longName;
+  LPOLESTR names[] = {buffer.data()};
+  if (name.size() < buffer.size()) {
+    std::copy(name.begin(), name.end(), buffer.begin());
+  } else {
+    longName = ToWide(name);
+    names[0] = longName.data();
+  }
   DISPID id = DISPID_UNKNOWN;
   std::optional<DISPID> result;
   if (SUCCEEDED(dispatch->GetIDsOfNames(IID_NULL, names, 1, LOCALE_USER_DEFAULT, &id))) {
@@ -60,13 +87,18 @@ std::optional<DISPID> MemberIds::Find(IDispatch* dispatch, automation::StringVie
       if (SUCCEEDED(ex->GetDispID(bstrName.Get(), fdexNameCaseInsensitive, &id))) result = id;
     }
   }
-  ids_.emplace_back(automation::String(name), result);
+  const Entry entry{Interned(name), result};
+  if (firstCount_ < kInline) {
+    first_[firstCount_++] = entry;
+  } else {
+    more_.push_back(entry);
+  }
   return result;
 }
 
-std::shared_ptr<MemberIds> MemberIdsFor(IDispatch* dispatch) {
+std::shared_ptr<MemberIds> SharedMemberIdsFor(IDispatch* dispatch) {
   GUID guid = TypeGuidOf(dispatch);
-  if (IsEqualGUID(guid, GUID_NULL)) return std::make_shared<MemberIds>();
+  if (IsEqualGUID(guid, GUID_NULL)) return nullptr;
   std::shared_ptr<MemberIds>& table = SharedTables()[guid];
   if (!table) table = std::make_shared<MemberIds>();
   return table;

@@ -6,9 +6,9 @@
 
 #include <oaidl.h>
 
+#include <array>
 #include <memory>
 #include <optional>
-#include <utility>
 #include <vector>
 
 #include "vd/automation/string.h"
@@ -27,13 +27,21 @@ class MemberIds {
 
  private:
   // An object is called by a handful of names: a short list searched in
-  // place costs less than hashing, and the name looked up is never copied.
-  std::vector<std::pair<automation::String, std::optional<DISPID>>> ids_;
+  // place costs less than hashing. The list holds each name as the one copy
+  // the process keeps of it, so remembering a name allocates nothing.
+  struct Entry {
+    automation::StringView name;
+    std::optional<DISPID> id;
+  };
+  static constexpr size_t kInline = 6;
+  std::array<Entry, kInline> first_{};
+  size_t firstCount_ = 0;
+  std::vector<Entry> more_;
   int resolved_ = 0;
 };
 
-// The table for this object: shared by every object of its type when it has
-// type info with a GUID of its own, else a new one.
-std::shared_ptr<MemberIds> MemberIdsFor(IDispatch* dispatch);
+// The table shared by every object of this object's type when it has type
+// info with a GUID of its own, else nullptr (the object needs its own table).
+std::shared_ptr<MemberIds> SharedMemberIdsFor(IDispatch* dispatch);
 
 }  // namespace vd::win32

@@ -28,8 +28,9 @@ HANDLE ModuleActivationContext() {
   return context.Get();
 }
 
-ScopedActivation::ScopedActivation() {
-  const HANDLE context = ModuleActivationContext();
+ScopedActivation::ScopedActivation() : ScopedActivation(ModuleActivationContext()) {}
+
+ScopedActivation::ScopedActivation(HANDLE context) {
   if (context != INVALID_HANDLE_VALUE) active_ = ActivateActCtx(context, &cookie_) != FALSE;
 }
 

@@ -21,6 +21,9 @@ HANDLE ModuleActivationContext();
 class ScopedActivation {
  public:
   ScopedActivation();
+  // Activates this context instead; nullptr: none, so that windows created in
+  // the scope get the process's default controls.
+  explicit ScopedActivation(HANDLE context);
   ScopedActivation(const ScopedActivation&) = delete;
   ScopedActivation& operator=(const ScopedActivation&) = delete;
   ~ScopedActivation();

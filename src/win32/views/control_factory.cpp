@@ -12,7 +12,7 @@ WindowKind WindowKindOf(const vd::forms::Control& control) {
   constexpr DWORD kTab = WS_TABSTOP;
   switch (control.Kind()) {
     case ControlKind::kLabel:
-      return {L"Static", SS_LEFT | SS_NOTIFY, 0};
+      return {L"Static", SS_LEFT | SS_NOTIFY, 0, true};
     case ControlKind::kCommandButton:
       return {L"Button", BS_PUSHBUTTON | kTab, 0};
     case ControlKind::kTextBox:

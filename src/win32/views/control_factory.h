@@ -10,6 +10,10 @@ struct WindowKind {
   const wchar_t* className = nullptr;  // nullptr: the control has no window
   DWORD style = 0;
   DWORD exStyle = 0;
+  // Made from the process's default controls, not version 6: Wine's version 6
+  // static control allocates a block at its first WM_SETFONT and frees it only
+  // for an icon, so each label of each show would keep it for the process's life.
+  bool defaultControls = false;
 };
 
 WindowKind WindowKindOf(const vd::forms::Control& control);

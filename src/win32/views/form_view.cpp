@@ -1,6 +1,7 @@
 #include "views/form_view.h"
 
 #include <algorithm>
+#include <optional>
 
 #include "com/boundary.h"
 #include "vd/forms/forms.h"
@@ -126,6 +127,8 @@ void FormView::CreateControlWindows() {
       if (control.IsShown()) style |= WS_VISIBLE;
       if (!EnabledInForm(control)) style |= WS_DISABLED;
       const RECT place = DesignedRect(control);
+      std::optional<ScopedActivation> defaultControls;
+      if (kind.defaultControls) defaultControls.emplace(nullptr);
       record->window =
           CreateWindowExW(kind.exStyle, kind.className, L"", style, place.left, place.top, place.right - place.left,
                           place.bottom - place.top, window_, reinterpret_cast<HMENU>(static_cast<INT_PTR>(record->id)),

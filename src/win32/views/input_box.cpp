@@ -56,7 +56,10 @@ void Build(HWND dialog, const InputBoxState& state) {
   const int height = frame.bottom - frame.top;
   SetWindowPos(dialog, nullptr, around.left + (around.right - around.left - width) / 2,
                around.top + (around.bottom - around.top - height) / 2, width, height, SWP_NOZORDER);
-  AddChild(dialog, L"Static", Wide(state.prompt), SS_LEFT | SS_NOPREFIX, 0, kPrompt, kInputBoxPromptId);
+  {
+    const ScopedActivation defaultControls(nullptr);  // a plain static, as a label (WindowKind)
+    AddChild(dialog, L"Static", Wide(state.prompt), SS_LEFT | SS_NOPREFIX, 0, kPrompt, kInputBoxPromptId);
+  }
   AddChild(dialog, L"Button", L"OK", BS_DEFPUSHBUTTON | WS_TABSTOP | WS_GROUP, 0, kOk, IDOK);
   AddChild(dialog, L"Button", L"Cancel", BS_PUSHBUTTON | WS_TABSTOP, 0, kCancel, IDCANCEL);
   const HWND text = AddChild(dialog, L"Edit", Wide(state.defaultText), ES_AUTOHSCROLL | WS_TABSTOP | WS_GROUP,

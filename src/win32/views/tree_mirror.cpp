@@ -1,5 +1,6 @@
 #include "views/tree_mirror.h"
 
+#include <utility>
 #include <vector>
 
 #include "views/wide_text.h"
@@ -84,6 +85,12 @@ void TreeMirror::BeginBatch() {
 void TreeMirror::Flush() {
   if (!batching_) return;
   batching_ = false;
+  const std::vector<Item*> expand = std::move(expandAtFlush_);
+  expandAtFlush_.clear();
+  for (Item* item : expand) {
+    item->expandPending = false;
+    if (item->node != nullptr) ShowExpanded(*item);
+  }
   Send(WM_SETREDRAW, TRUE, 0);
   // The window lays its items out again only now: scroll to the node asked for meanwhile.
   if (const Item* item = pendingVisible_ != nullptr ? Find(pendingVisible_) : nullptr)
@@ -182,6 +189,7 @@ void TreeMirror::Clear() {
   byHandle_.Clear();
   items_.clear();
   freeItems_.clear();
+  expandAtFlush_.clear();
   pendingVisible_ = nullptr;
 }
 
@@ -226,6 +234,11 @@ void TreeMirror::ShowImages(const Item& item) {
 }
 
 void TreeMirror::ShowExpanded(Item& item) {
+  if (batching_) {
+    if (!item.expandPending) expandAtFlush_.push_back(&item);
+    item.expandPending = true;
+    return;
+  }
   // A node expanded before it has children shows expanded once they come.
   const bool expanded = item.node->Expanded() && item.node->Children() > 0;
   if (expanded == item.expanded) return;

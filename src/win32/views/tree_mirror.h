@@ -8,7 +8,7 @@
 // reordering run with the window's redraw off; it comes back on at Flush,
 // which the view runs once the handler that rebuilt the tree has returned.
 // (The window lays out its items only with redraw on, so scrolling to a node
-// waits for Flush too.)
+// waits for Flush too, and so does opening or closing an item meanwhile.)
 #include <windows.h>
 // after windows.h
 #include <commctrl.h>
@@ -58,8 +58,9 @@ class TreeMirror {
   struct Item {
     HTREEITEM handle = nullptr;
     vd::forms::Node* node = nullptr;
-    int32_t order = 0;      // position among its siblings, while they are sorted
-    bool expanded = false;  // as the window shows it
+    int32_t order = 0;           // position among its siblings, while they are sorted
+    bool expanded = false;       // as the window shows it
+    bool expandPending = false;  // in expandAtFlush_
   };
 
   static int CALLBACK CompareOrder(LPARAM first, LPARAM second, LPARAM unused) noexcept;
@@ -103,8 +104,11 @@ class TreeMirror {
   PointerTable<std::remove_pointer_t<HTREEITEM>, Item> byHandle_;
   bool batching_ = false;
   const vd::forms::Node* pendingVisible_ = nullptr;  // to scroll into view once the window lays out again
-  POINT lastButton_{};                               // where the last button press of the mouse landed
-  HTREEITEM clickReported_ = nullptr;                // the item this press already reported as clicked
+  // Items to open or close at Flush: a window lays out every item below an
+  // open parent again at each insert, so children go in under closed parents.
+  std::vector<Item*> expandAtFlush_;
+  POINT lastButton_{};                 // where the last button press of the mouse landed
+  HTREEITEM clickReported_ = nullptr;  // the item this press already reported as clicked
 };
 
 }  // namespace vd::win32::views

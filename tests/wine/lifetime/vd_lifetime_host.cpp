@@ -2,18 +2,23 @@
 // default, the first argument) of creating VarDeskUI, setting Communication,
 // an editing or a selection run that a test hook ends as soon as the dialog
 // shows (none with --no-runs, the third argument), and releasing it. Prints the process's handle count, GDI and USER
-// objects and private bytes after the first thousand cycles (or the first
-// tenth of a shorter run) and at the end, whether the host's own objects got
-// back every reference the component took, and what DllCanUnloadNow answers:
+// objects, private bytes and the bytes in use on the process's heaps after
+// the first thousand cycles (or the first tenth of a shorter run) and at the
+// end, how the heaps' bytes in use moved per cycle between the second tenth
+// and the last (mean over each), whether the host's own objects got back
+// every reference the component took, and what DllCanUnloadNow answers:
 //   lifetime: cycles N
 //   lifetime: figures: <where each figure comes from; Wine 8 answers some calls with 0>
-//   lifetime: after C cycles: handles H, gdi G, user U, private P KiB
+//   lifetime: after C cycles: handles H, gdi G, user U, private P KiB, heaps B bytes
 //   lifetime: last C cycles: handles +dH, gdi +dG, user +dU, private +dP KiB
+//   lifetime: heaps in use: mean M1 bytes over cycles a-b, M2 over cycles c-d: +G bytes per cycle
 //   lifetime: display references: added A, released R, held 0
 //   lifetime: communication references: added A, released R, held 0
 //   lifetime: DllCanUnloadNow S_OK
-// Exits 1 when the counts grew over the last cycles, a reference is still
-// held or the DLL cannot unload; 2 when a run failed.
+// Exits 1 when the counts grew over the last cycles, memory grew (heaps by
+// more than kHeapBytesPerCycle, private bytes by more than
+// kPrivateBytesPerCycle over the last cycles), a reference is still held or
+// the DLL cannot unload; 2 when a run failed.
 #include <windows.h>
 
 #include <objbase.h>
@@ -91,7 +96,34 @@ class CountingDispatch final : public IDispatch {
 struct Counts {
   DWORD handles = 0, gdi = 0, user = 0;
   SIZE_T privateBytes = 0;
+  unsigned long long heapBytes = 0;
 };
+
+// Flat memory: what a cycle may add on average. A block kept per label and
+// show (24 bytes each, a dozen labels or more a dialog) is far above the first;
+// the private bytes also move with the heaps' reserve, in steps of pages.
+constexpr double kHeapBytesPerCycle = 8;
+constexpr long long kPrivateBytesPerCycle = 256;
+
+// The bytes of every block in use on the process's heaps (the C runtime's
+// one among them): exact, unlike the pages the process holds.
+unsigned long long HeapBytesInUse() {
+  std::vector<HANDLE> heaps(64);
+  DWORD count = GetProcessHeaps(static_cast<DWORD>(heaps.size()), heaps.data());
+  if (count > heaps.size()) {
+    heaps.resize(count);
+    count = GetProcessHeaps(count, heaps.data());
+  }
+  unsigned long long total = 0;
+  for (DWORD i = 0; i < count && i < heaps.size(); ++i) {
+    if (!HeapLock(heaps[i])) continue;
+    PROCESS_HEAP_ENTRY entry{};
+    while (HeapWalk(heaps[i], &entry))
+      if ((entry.wFlags & PROCESS_HEAP_ENTRY_BUSY) != 0) total += entry.cbData;
+    HeapUnlock(heaps[i]);
+  }
+  return total;
+}
 
 // Where the figures come from: the documented calls, or, where Wine answers
 // them with 0, what the process can count itself.
@@ -168,12 +200,14 @@ Counts Measure() {
   if (GetProcessMemoryInfo(self, reinterpret_cast<PROCESS_MEMORY_COUNTERS*>(&memory), sizeof memory))
     c.privateBytes =
         memory.PrivateUsage != 0 ? memory.PrivateUsage : memory.PagefileUsage;  // Wine fills only the latter
+  c.heapBytes = HeapBytesInUse();
   return c;
 }
 
 std::string Describe(const Counts& c) {
   return "handles " + std::to_string(c.handles) + ", gdi " + std::to_string(c.gdi) + ", user " +
-         std::to_string(c.user) + ", private " + std::to_string(c.privateBytes / 1024) + " KiB";
+         std::to_string(c.user) + ", private " + std::to_string(c.privateBytes / 1024) + " KiB, heaps " +
+         std::to_string(c.heapBytes) + " bytes";
 }
 
 std::string Signed(long long value) { return (value >= 0 ? "+" : "") + std::to_string(value); }
@@ -209,6 +243,9 @@ int Run(long cycles, const std::wstring& displayFile, bool withRuns) {
   hook = SetWindowsHookExW(WH_CBT, EndRunAtOnce, nullptr, GetCurrentThreadId());
   const long window = cycles >= 10000 ? 1000 : (cycles / 10 > 0 ? cycles / 10 : 1);
   Counts afterFirst, beforeLast, atEnd;
+  // The heaps' bytes in use, summed over the second window and the last one.
+  const long early = window < cycles / 2 ? window : 0;
+  unsigned long long earlySum = 0, lastSum = 0;
   Print("cycles " + std::to_string(cycles));
   for (long cycle = 1; cycle <= cycles; ++cycle) {
     ComPtr<IClassFactory> factory;
@@ -234,6 +271,8 @@ int Run(long cycles, const std::wstring& displayFile, bool withRuns) {
     factory.Reset();
     if (cycle == window) afterFirst = Measure();
     if (cycle == cycles - window) beforeLast = Measure();
+    if (cycle > early && cycle <= early + window) earlySum += HeapBytesInUse();
+    if (cycle > cycles - window) lastSum += HeapBytesInUse();
   }
   atEnd = Measure();
   UnhookWindowsHookEx(hook);
@@ -246,19 +285,31 @@ int Run(long cycles, const std::wstring& displayFile, bool withRuns) {
   Print("after " + std::to_string(window) + " cycles: " + Describe(afterFirst));
   Print("after " + std::to_string(cycles) + " cycles: " + Describe(atEnd));
   const bool grew = atEnd.handles > beforeLast.handles || atEnd.gdi > beforeLast.gdi || atEnd.user > beforeLast.user;
+  const double earlyMean = static_cast<double>(earlySum) / static_cast<double>(window);
+  const double lastMean = static_cast<double>(lastSum) / static_cast<double>(window);
+  const double between = static_cast<double>(cycles - window - early);
+  const double heapPerCycle = between > 0 ? (lastMean - earlyMean) / between : 0;
+  const long long privateGrowth =
+      static_cast<long long>(atEnd.privateBytes) - static_cast<long long>(beforeLast.privateBytes);
+  const bool memoryGrew = heapPerCycle > kHeapBytesPerCycle || privateGrowth > kPrivateBytesPerCycle * window;
   Print("last " + std::to_string(window) + " cycles: handles " +
         Signed(static_cast<long long>(atEnd.handles) - beforeLast.handles) + ", gdi " +
         Signed(static_cast<long long>(atEnd.gdi) - beforeLast.gdi) + ", user " +
-        Signed(static_cast<long long>(atEnd.user) - beforeLast.user) + ", private " +
-        Signed((static_cast<long long>(atEnd.privateBytes) - static_cast<long long>(beforeLast.privateBytes)) / 1024) +
+        Signed(static_cast<long long>(atEnd.user) - beforeLast.user) + ", private " + Signed(privateGrowth / 1024) +
         " KiB");
+  char perCycle[32];
+  std::snprintf(perCycle, sizeof perCycle, "%+.1f", heapPerCycle);
+  Print("heaps in use: mean " + std::to_string(static_cast<long long>(earlyMean)) + " bytes over cycles " +
+        std::to_string(early + 1) + "-" + std::to_string(early + window) + ", " +
+        std::to_string(static_cast<long long>(lastMean)) + " over cycles " + std::to_string(cycles - window + 1) + "-" +
+        std::to_string(cycles) + ": " + perCycle + " bytes per cycle");
   Print("display references: added " + std::to_string(display.Added()) + ", released " +
         std::to_string(display.Released()) + ", held " + std::to_string(display.Held()));
   Print("communication references: added " + std::to_string(communication.Added()) + ", released " +
         std::to_string(communication.Released()) + ", held " + std::to_string(communication.Held()));
   const HRESULT unload = canUnloadNow();
   Print(std::string("DllCanUnloadNow ") + (unload == S_OK ? "S_OK" : "S_FALSE"));
-  return grew || display.Held() != 0 || communication.Held() != 0 || unload != S_OK ? 1 : 0;
+  return grew || memoryGrew || display.Held() != 0 || communication.Held() != 0 || unload != S_OK ? 1 : 0;
 }
 
 }  // namespace

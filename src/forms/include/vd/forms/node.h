@@ -34,7 +34,7 @@ class Node {
   struct Token {};
 
  public:
-  Node(Token, TreeView* tree, StringView key, StringView text);
+  Node(Token, TreeView* tree, StringView key, String text);
   Node(const Node&) = delete;
   Node& operator=(const Node&) = delete;
 

@@ -10,6 +10,7 @@
 // counted in logarithmic time, and the gaps are closed in one pass once they
 // are as many as the nodes.
 #include <cstdint>
+#include <utility>
 #include <vector>
 
 #include "vd/forms/constants.h"
@@ -41,6 +42,25 @@ class NodeRelative {
   const Node* node_ = nullptr;
 };
 
+// The text of a node that Nodes.Add makes: looked at and copied, or, when
+// the caller hands over a String it no longer needs, taken as it is.
+class NodeText {
+ public:
+  NodeText() = default;
+  NodeText(StringView text) : view_(text) {}               // NOLINT(google-explicit-constructor)
+  NodeText(const char16_t* text) : view_(text) {}          // NOLINT(google-explicit-constructor)
+  NodeText(const String& text) : view_(text) {}            // NOLINT(google-explicit-constructor)
+  NodeText(String&& text) : view_(text), taken_(&text) {}  // NOLINT(google-explicit-constructor)
+
+  [[nodiscard]] StringView View() const { return view_; }
+  // The text as a String of its own; a handed-over String is moved.
+  [[nodiscard]] String Take() const { return taken_ != nullptr ? std::move(*taken_) : String(view_); }
+
+ private:
+  StringView view_;
+  String* taken_ = nullptr;  // lives until the end of the call that got it
+};
+
 class Nodes {
  public:
   explicit Nodes(TreeView& tree);
@@ -59,7 +79,7 @@ class Nodes {
   // an image list or outside it, 13 a Variant of another kind, 35601 a node of
   // another tree or one removed.
   NodeRef Add(const NodeRelative& relative = {}, int32_t relationship = tvwLast, StringView key = {},
-              StringView text = {}, int32_t image = 0, int32_t selectedImage = 0);
+              const NodeText& text = {}, int32_t image = 0, int32_t selectedImage = 0);
 
   // Error 35600 outside 1..Count.
   [[nodiscard]] NodeRef Item(int32_t index) const;

@@ -227,10 +227,17 @@ class MemoryDsv final : public toolkit::Dsv, public std::enable_shared_from_this
   std::shared_ptr<MemoryDs> Parent();
   [[nodiscard]] bool IsRemoved() const;
 
+  // Only a variable list makes variables; it allocates each one together
+  // with its reference count, so that reading a variable touches one block.
+  class Token {
+    friend class MemoryDsvList;
+    Token() = default;
+  };
+  MemoryDsv(Token, std::weak_ptr<MemoryDsvList> list, std::shared_ptr<detail::Presence> parentPresence, String name,
+            int32_t type, bool custom);
+
  private:
   friend class MemoryDsvList;
-  MemoryDsv(std::weak_ptr<MemoryDsvList> list, std::shared_ptr<detail::Presence> parentPresence, String name,
-            int32_t type, bool custom);
   void CheckPresent() const;
   std::shared_ptr<MemoryDsvList> List() const;  // error 5 when the data source is gone
 

@@ -26,6 +26,11 @@ class NodeKeyIndex {
   // the entry where InsertAt puts a node with that key, if nothing else
   // changes the index in between.
   [[nodiscard]] Node* FindForInsert(vd::automation::StringView key, uint32_t hash, size_t& at);
+  // Asks for the entry a key with this hash starts its probe at, so that the
+  // memory is on its way while the caller does other work before probing.
+  void Prefetch(uint32_t hash) const {
+    if (!entries_.empty()) __builtin_prefetch(&entries_[hash & Mask()]);
+  }
   // The node is in its slot already; its key is hashed to hash and not present.
   void InsertAt(size_t at, const Node& node, uint32_t hash);
   // The node must still be in its slot_ (it may have left the slots vector).

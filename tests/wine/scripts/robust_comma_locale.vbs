@@ -2,15 +2,19 @@
 ' environment sets it): the robot (tests/wine/robot/robust_comma_locale.robot)
 ' clicks every constant variable and closes. Every value must come back
 ' exactly as it was, since the panel shows each value and writes it back.
-Dim ui, d, limits, values, vars, i  ' Wine 8: "Dim vars()" then ReDim crashes the engine
+Dim ui, d, values, vars, json, i
 Set ui = CreateObject("VarDeskGUI.VarDeskUI")
-Set d = New TestDisplay
-Set d.List = New TestDsList
-Set limits = NewDs(d.List, "Limits", 3)
 values = Array(1.5, -0.25, 1234.5, 0.1 + 0.2, 1 / 3, 123456.789, 1E+15, 1.5E-07, 2 / 3 * 1E+300, 1E-300 / 7)
+json = ""
+For i = 0 To UBound(values)
+  If i > 0 Then json = json & ", "
+  json = json & "{'name': 'C" & (i + 1) & "', 'type': 'Float'}"
+Next
+Set d = SampleDisplay("{'dataSources': [{'name': 'Limits', 'kind': 'constant', 'variables': [" & json & "]}]}")
 ReDim vars(UBound(values))
 For i = 0 To UBound(values)
-  Set vars(i) = NewDsv(limits, "C" & (i + 1), 7, values(i))
+  Set vars(i) = d.GetDataSources().DsItem(1).GetDsVars().DsvItem(i + 1)
+  vars(i).SetDsvValue values(i)  ' exact: no text between the script's Double and the model
 Next
 
 ui.EditDataSources d
