@@ -38,10 +38,17 @@ TEST(AutomationError, CarriesNumberAndTheStandardOrGivenDescription) {
 }
 
 TEST(Variant, TypeNamesAndEqualityOfTheSameKindAndValue) {
-  const std::pair<Variant, const char16_t*> names[] = {
-      {Variant::Null(), u"Null"},     {Variant(int16_t{1}), u"Integer"},
-      {Variant(1.0F), u"Single"},     {Variant(std::make_shared<Object>()), u"Object"},
-      {Variant(nullptr), u"Nothing"}, {Variant(Array{1, {}}), u"Variant()"}};
+  const std::pair<Variant, const char16_t*> names[] = {{Variant(), u"Empty"},
+                                                       {Variant(1), u"Long"},
+                                                       {Variant(1.0), u"Double"},
+                                                       {Variant(false), u"Boolean"},
+                                                       {Variant(u""), u"String"},
+                                                       {Variant::Null(), u"Null"},
+                                                       {Variant(int16_t{1}), u"Integer"},
+                                                       {Variant(1.0F), u"Single"},
+                                                       {Variant(std::make_shared<Object>()), u"Object"},
+                                                       {Variant(nullptr), u"Nothing"},
+                                                       {Variant(Array{1, {}}), u"Variant()"}};
   for (const auto& [value, name] : names) EXPECT_EQ(TypeName(value), name);
   auto tank = std::make_shared<Object>();
   const struct {
@@ -52,6 +59,7 @@ TEST(Variant, TypeNamesAndEqualityOfTheSameKindAndValue) {
                {Variant(1), Variant(int16_t{1}), false},
                {Variant(u"a"), Variant(u"A"), false},
                {Variant(), Variant::Null(), false},
+               {Variant::Null(), Variant::Null(), true},
                {Variant(tank), Variant(tank), true},
                {Variant(tank), Variant(std::make_shared<Object>()), false},
                {Variant(Array{0, {1, u"x"}}), Variant(Array{0, {1, u"x"}}), true},

@@ -82,13 +82,19 @@ TEST(ComboBoxList, OutOfRangeAccessRaisesTheClassicErrors) {
       {"ItemDataOfMissingEntry", [](ComboBox& c) { (void)c.ItemData(2); }, err::kInvalidPropertyArrayIndex},
       {"RemoveMissingEntry", [](ComboBox& c) { c.RemoveItem(2); }, vd::automation::err::kInvalidProcedureCall},
       {"InsertBeyondTheEnd", [](ComboBox& c) { c.AddItem(u"x", 3); }, vd::automation::err::kInvalidProcedureCall},
-      {"ListTextNamesNoEntry", [](ComboBox& c) { c.SetText(u"Other"); }, err::kTextPropertyReadOnly}};
+      {"ListTextNamesNoEntry", [](ComboBox& c) { c.SetText(u"Other"); }, err::kTextPropertyReadOnly},
+      {"RenameMissingEntry", [](ComboBox& c) { c.SetList(2, u"x"); }, err::kInvalidPropertyArrayIndex}};
   for (const auto& c : cases) {
     EventLogForm form;
     Fill(form.cboList, {u"File", u"Memory"});
     EXPECT_EQ(ErrorOf([&] { c.call(form.cboList); }), c.error) << c.name;
     EXPECT_EQ(form.cboList.ListCount(), 2) << c.name;
   }
+  EventLogForm form;
+  Fill(form.cboEdit, {u"Lev", u"Level"});
+  form.cboEdit.SetList(1, u"Levels");
+  EXPECT_EQ(form.cboEdit.List(1), u"Levels");
+  EXPECT_EQ(form.cboEdit.List(form.cboEdit.ListCount()), u"");  // one beyond the last entry reads empty
 }
 
 TEST(ComboBoxText, TypingIntoAnEditableComboLeavesNoEntrySelected) {

@@ -1,7 +1,7 @@
 // How the Nodes collection stores its nodes: indexes counted across the gaps
 // that removals leave (and after the gaps are closed), keys found through
 // growth and renumbering, a relative key that names a node added again, and
-// the pool the nodes live in.
+// nodes held past their tree.
 #include <gtest/gtest.h>
 
 #include <algorithm>
@@ -11,7 +11,6 @@
 
 #include "tree_fixture.h"
 #include "vd/automation/error.h"
-#include "vd/forms/detail/node_pool.h"
 
 namespace vd::forms::test {
 namespace {
@@ -161,46 +160,6 @@ TEST(TreeStorage, NodesHeldPastTheirTreeStayValidObjects) {
   EXPECT_TRUE(removed->Removed());
   held.reset();  // its memory goes back after the tree's
   removed.reset();
-}
-
-TEST(NodePool, GivenBackBlocksServeTheNextNodes) {
-  detail::NodePool pool;
-  constexpr size_t kBytes = 200;
-  std::vector<void*> blocks;
-  for (int i = 0; i < 1000; ++i) blocks.push_back(pool.Allocate(kBytes));
-  const size_t chunks = pool.ChunkCount();
-  EXPECT_LT(chunks, 100U);  // in bulk, not one allocation a block
-  std::set<void*> distinct(blocks.begin(), blocks.end());
-  EXPECT_EQ(distinct.size(), blocks.size());
-  // Aligned as an object of that size can need: 200 bytes hold nothing aligned to 16.
-  for (void* block : blocks) EXPECT_EQ(reinterpret_cast<uintptr_t>(block) % 8, 0U);
-  for (void* block : blocks) detail::NodePool::Deallocate(block);
-  for (void*& block : blocks) {
-    block = pool.Allocate(kBytes);
-    EXPECT_EQ(distinct.count(block), 1U);
-  }
-  EXPECT_EQ(pool.ChunkCount(), chunks);
-  for (void* block : blocks) detail::NodePool::Deallocate(block);
-}
-
-TEST(NodePool, BlocksMayOutliveThePool) {
-  std::vector<void*> kept;
-  {
-    detail::NodePool pool;
-    for (int i = 0; i < 700; ++i) {
-      void* block = pool.Allocate(96);
-      if (i % 100 == 0) {
-        kept.push_back(block);
-      } else {
-        detail::NodePool::Deallocate(block);
-      }
-    }
-  }
-  // Under the address sanitizer a chunk freed too early, or never, is reported.
-  for (void* block : kept) {
-    static_cast<char*>(block)[95] = 1;
-    detail::NodePool::Deallocate(block);
-  }
 }
 
 }  // namespace

@@ -32,25 +32,36 @@ TEST(SampleFileErrors, NameTheLineAndTheReasonAndLoadNothing) {
     std::string text;
     std::string marker;  // first text of the line the report must name
     std::string reason;  // part of the reason
-  } cases[] = {{"truncated", "{\n  \"dataSources\": [\n    { \"name\": \"a\", \"kind\": \"memory\" }\n", "{ \"name\"",
-                "unexpected end of input"},
-               {"stray comma", "{\n  \"dataSources\": [\n    {},\n  ]\n}\n", "  ]", "syntax error"},
-               {"rows beyond the toolkit's limit",
-                "{\"dataSources\": [{\"name\": \"m\", \"kind\": \"memory\", \"variables\": [\n"
-                "  {\"name\": \"LT101\",\n   \"rows\": 70000}]}]}",
-                "   \"rows\"", "Rows must be between 0 and 65535"},
-               {"duplicate variable name",
-                "{\"dataSources\": [{\"name\": \"m\", \"kind\": \"memory\", \"variables\": [\n"
-                "  {\"name\": \"Pump_Running\"},\n  {\"name\": \"PUMP_RUNNING\"}]}]}",
-                "  {\"name\": \"PUMP", "duplicate variable name \"PUMP_RUNNING\""},
-               {"misspelt key",
-                "{\"dataSources\": [{\"name\": \"m\", \"kind\": \"memory\", \"variables\": [\n"
-                "  {\"name\": \"P1\",\n   \"useCont\": 2}]}]}",
-                "   \"useCont\"", "unknown key \"useCont\""},
-               {"object of an unknown application",
-                "{\"dataSources\": [], \"scada\": {\"applications\": [],\n \"objects\": [\n"
-                "  {\"application\": 4,\n   \"name\": \"STA\", \"kind\": \"P\"}]}}",
-                "  {\"application\": 4", "no application has number 4"}};
+  } cases[] = {
+      {"truncated", "{\n  \"dataSources\": [\n    { \"name\": \"a\", \"kind\": \"memory\" }\n", "{ \"name\"",
+       "unexpected end of input"},
+      {"unknown kind", "{\"dataSources\": [\n{\"name\": \"x\",\n \"kind\": \"spreadsheet\"}]}", " \"kind\"",
+       "\"spreadsheet\" is not one of"},
+      {"duplicate key",
+       "{\n  \"dataSources\": [\n    { \"name\": \"a\", \"kind\": \"memory\",\n      \"name\": \"b\" }\n  ]\n}\n",
+       "      \"name\": \"b\"", "duplicate key \"name\""},
+      {"duplicate application",
+       "{\"dataSources\": [], \"scada\": {\"applications\": [\n"
+       "  {\"number\": 1, \"name\": \"A\", \"directory\": \"a\"},\n"
+       "  {\"number\": 1, \"name\": \"B\", \"directory\": \"b\"}]}}",
+       "  {\"number\": 1, \"name\": \"B\"", "duplicate application number 1"},
+      {"stray comma", "{\n  \"dataSources\": [\n    {},\n  ]\n}\n", "  ]", "syntax error"},
+      {"rows beyond the toolkit's limit",
+       "{\"dataSources\": [{\"name\": \"m\", \"kind\": \"memory\", \"variables\": [\n"
+       "  {\"name\": \"LT101\",\n   \"rows\": 70000}]}]}",
+       "   \"rows\"", "Rows must be between 0 and 65535"},
+      {"duplicate variable name",
+       "{\"dataSources\": [{\"name\": \"m\", \"kind\": \"memory\", \"variables\": [\n"
+       "  {\"name\": \"Pump_Running\"},\n  {\"name\": \"PUMP_RUNNING\"}]}]}",
+       "  {\"name\": \"PUMP", "duplicate variable name \"PUMP_RUNNING\""},
+      {"misspelt key",
+       "{\"dataSources\": [{\"name\": \"m\", \"kind\": \"memory\", \"variables\": [\n"
+       "  {\"name\": \"P1\",\n   \"useCont\": 2}]}]}",
+       "   \"useCont\"", "unknown key \"useCont\""},
+      {"object of an unknown application",
+       "{\"dataSources\": [], \"scada\": {\"applications\": [],\n \"objects\": [\n"
+       "  {\"application\": 4,\n   \"name\": \"STA\", \"kind\": \"P\"}]}}",
+       "  {\"application\": 4", "no application has number 4"}};
   for (const auto& c : cases) {
     try {
       Load(c.text);
@@ -121,7 +132,7 @@ TEST(SampleFileLoad, WritingAndReadingAgainGivesTheSameText) {
      "variables": [{"name": "T", "type": "Text", "cols": 255, "access": 1, "params": [{"type": "text", "value": "é"}]}]}],
    "scada": {"currentApplication": 2,
              "applications": [{"number": 1, "name": "A", "directory": "apl/A"}, {"number": 2, "name": "B", "directory": "/abs/B"}],
-             "objects": [{"name": "WD", "kind": "b", "index": 1, "attributes": {"OV": -3, "F": 2.5, "S": "x", "N": null, "Y": true}}]}})";
+             "objects": [{"name": "WD", "kind": "b", "index": 1, "attributes": {"OV": -3, "F": 2.5, "S": "x", "N": null, "Y": true, "T": [1, 2.5]}}]}})";
   const std::string written = WriteDisplayJson(Load(text), "/samples");
   EXPECT_EQ(WriteDisplayJson(Load(written), "/samples"), written);
   EXPECT_NE(written.find("\"apl/A\""), std::string::npos) << "relative directories stay relative";

@@ -77,8 +77,9 @@ TEST_F(SimulatedScadaTest, AnswersTheOffsetsRequestFromTheObjectTable) {
     String index;
     Variant answer;
   } cases[] = {{1, u"rw_p101", u"11", Variant(u"3,5,7")},
-               {1, u"RW_P101", u"10", Variant(u"")},                     // known object without offsets
-               {2, u"RW_P101", u"11", Variant(kOffsetsUnknownObject)}};  // lives in application 1
+               {1, u"RW_P101", u"10", Variant(u"")},                    // known object without offsets
+               {2, u"RW_P101", u"11", Variant(kOffsetsUnknownObject)},  // lives in application 1
+               {1, u"RW_P101", u"-1", Variant(kOffsetsUnknownObject)}};
   for (const auto& c : cases) {
     const Variant answer = RunIn(c.application, OffsetsRequest(c.name, c.index));
     EXPECT_EQ(answer, c.answer) << automation::ToUtf8(c.name) << " " << automation::ToUtf8(c.index);
@@ -130,6 +131,10 @@ TEST_F(SimulatedScadaTest, ValidationFollowsChangedAttributes) {
 }
 
 TEST_F(SimulatedScadaTest, RefusesDuplicateApplicationsAndObjects) {
+  EXPECT_EQ(RaisedBy([&] {
+              scada.AddApplication({2, u"OTHER", u"/x"});
+            }).number,
+            automation::err::kKeyAlreadyInCollection);
   EXPECT_EQ(RaisedBy([&] {
               scada.AddObject({1, u"rw_p101", u'p', 10, {}, std::nullopt});
             }).number,

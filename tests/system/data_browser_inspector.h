@@ -14,7 +14,6 @@ struct DataBrowserInspector {
   [[nodiscard]] int32_t Mode() const { return form.mode; }
   [[nodiscard]] int32_t PreviousMode() const { return form.previousMode; }
   void SetDialogMode(int32_t mode) const { form.SetDialogMode(mode); }
-  void SetModified() const { form.modified = true; }
   void ClearModified() const { form.modified = false; }
   [[nodiscard]] bool WritableOnly() const { return form.writableOnly; }
   void SetFilter(int32_t type, int32_t rows, int32_t cols, bool writableOnly) const {
@@ -27,12 +26,9 @@ struct DataBrowserInspector {
   [[nodiscard]] int16_t GetCurrentDsIndex() const { return form.GetCurrentDsIndex(); }
   [[nodiscard]] int16_t DsNodeCount() const { return form.dsNodeCount; }
   [[nodiscard]] automation::Collection<bool>& DsSortFlags() const { return form.DsSortFlags; }
-  void RebuildDsvNodes(int16_t ds, std::optional<int16_t> select = {}) const { form.RebuildDsvNodes(ds, select); }
-  void RebuildTree(std::optional<int16_t> select = {}) const { form.RebuildTree(select); }
   void SetNodeToReselect(forms::NodeRef node) const { form.nodeToReselect = std::move(node); }
   [[nodiscard]] bool PanelFilling() const { return form.PanelFilling; }
   [[nodiscard]] bool HasCustomDsClasses() const { return form.CustomDsClasses.has_value(); }
-  [[nodiscard]] bool IsTelvaneDataSource(const toolkit::DsRef& ds) const { return form.IsTelvaneDataSource(ds); }
   [[nodiscard]] const std::optional<automation::Collection<String>>& CustomDsClasses() const {
     return form.CustomDsClasses;
   }
@@ -40,8 +36,6 @@ struct DataBrowserInspector {
   [[nodiscard]] std::array<String, 3> BuiltInKindNames() const {
     return {form.FileDsTypeName, form.MemoryDsTypeName, form.ConstantDsTypeName};
   }
-  void FillDsPanel() const { form.FillDsPanel(); }
-  [[nodiscard]] int32_t GetDsvSignalType(const toolkit::DsvRef& dsv) const { return form.GetDsvSignalType(dsv); }
   [[nodiscard]] float CollapsedWidth() const { return form.collapsedWidth; }
   [[nodiscard]] float ExpandedWidth() const { return form.expandedWidth; }
   [[nodiscard]] float CloseLeftWithButtons() const { return form.closeLeftWithButtons; }

@@ -1,5 +1,5 @@
-// The dialog: its modes and their layouts, the designed layout, load and
-// unload, and what the user does to the tree.
+// The dialog: its modes and their layouts, load and unload, the tree built
+// from a display, and what the user does to the tree.
 #include <algorithm>
 #include <vector>
 
@@ -99,6 +99,57 @@ TEST(DataBrowserLifecycle, LoadShowsTheDataSourceFrameUnloadReleasesTheRun) {
 
   dlg.MakeTopmost();
   EXPECT_EQ(ui.BroughtToFront(), std::vector<String>{u"frmDataBrowser"});
+}
+
+using automation::Variant;
+
+struct NodeCase {
+  const char16_t* key;
+  int32_t index;
+  const char16_t* text;
+  int32_t image, expandedImage;
+  const char16_t* parent;
+  Variant tag;
+};
+
+TEST(TreeNodes, FollowTheKeyIndexTextImageAndTagScheme) {
+  BrowserHarness h;
+  h.dlg.InitDBForEdit(h.plant);
+  const std::vector<NodeCase> cases = {{u"_Empty2", 2, u"Empty", 2, 3, u"", Variant()},
+                                       {u"_Plant3", 3, u"Plant", 2, 3, u"", Variant()},
+                                       {u"1:3", 6, u"Label", 1, 0, u"_Plant1", Variant(u"3")},
+                                       {u"3:1", 7, u"Limit", 1, 0, u"_Plant3", Variant(u"1")}};
+  ASSERT_EQ(h.dlg.treDataSources.Nodes().Count(), 7);
+  EXPECT_EQ(h.inside.DsNodeCount(), 3);
+  for (const NodeCase& c : cases) {
+    const forms::NodeRef node = h.Node(c.key);
+    SCOPED_TRACE(ToUtf8(c.key));
+    EXPECT_EQ(node->Index(), c.index);
+    EXPECT_EQ(node->Text(), c.text);
+    EXPECT_EQ(node->Image(), c.image);
+    EXPECT_EQ(node->ExpandedImage(), c.expandedImage);
+    EXPECT_EQ(node->Parent() ? node->Parent()->Key() : String(), c.parent);
+    EXPECT_EQ(node->Tag(), c.tag);
+    EXPECT_EQ(node->Expanded(), c.index <= 3);  // expand all is ticked when the form loads
+  }
+  // The current data source is the selected node's, or its parent's.
+  for (const auto& [key, ds] : std::vector<std::pair<String, int16_t>>{{u"_Empty2", 2}, {u"1:3", 1}, {u"3:1", 3}}) {
+    h.Node(key)->SetSelected(true);
+    EXPECT_EQ(h.inside.GetCurrentDsIndex(), ds);
+  }
+
+  h.dlg.chkExpandAll.SetValue(forms::vbUnchecked);
+  h.dlg.InitDBForEdit(h.plant);
+  EXPECT_FALSE(h.Node(u"_Plant3")->Expanded());
+}
+
+TEST(TreeNodes, KeysThatCollideRaiseTheTreesDuplicateKeyError) {
+  // "A1" at position 1 and "A" at position 11 both give the key _A11.
+  std::string json = R"({ "dataSources": [ { "name": "A1", "kind": "memory" })";
+  for (int i = 2; i <= 10; ++i) json += R"(, { "name": "F", "kind": "memory" })";
+  BrowserHarness h;
+  auto display = DisplayFromJson(json + R"(, { "name": "A", "kind": "memory" } ] })");
+  EXPECT_EQ(ErrorOf([&] { h.dlg.InitDBForEdit(display); }), automation::err::kTreeKeyNotUnique);
 }
 
 // --- The tree's events ---

@@ -1,5 +1,5 @@
-// The data source panel: what it shows of each kind of data source, and what
-// the user's edits write to the data source.
+// The data source panel: what a fill writes, and what the user's edits write
+// to the data source.
 #include <vector>
 
 #include "panel_harness.h"
@@ -15,36 +15,6 @@ class DsPanel : public ::testing::Test {
   PanelHarness h;
 };
 
-TEST_F(DsPanel, ShowsEachKindWithItsOwnControls) {
-  struct Case {
-    const char16_t* key;
-    const char16_t* caption;
-    const char16_t* kindText;
-    const char16_t* size;
-    bool browse, format, more, scadaFrame;
-  };
-  // Without a kinds file the built-in kinds have no names; a custom data source reads "Custom".
-  const Case cases[] = {{u"_C:\\data\\in.dat3", u"File:", u"", u"1", true, true, false, false},
-                        {u"_Alarms5", u"&Name:", u"Custom", u"2", false, false, true, false},
-                        {u"_Scada6", u"&Name:", u"Telvane", u"4", false, false, false, true}};
-  for (const Case& c : cases) {
-    Look(c.key);
-    const std::string label = ToUtf8(c.key);
-    EXPECT_TRUE(h.dlg.fraDs.Visible() && !h.dlg.fraDsv.Visible()) << label;
-    EXPECT_EQ(h.dlg.txtDsName.Text(), h.Node(c.key)->Text()) << label;
-    EXPECT_EQ(h.dlg.lblDsName.Caption(), c.caption) << label;
-    EXPECT_EQ(h.dlg.txtDsType.Text(), c.kindText) << label;
-    EXPECT_EQ(h.dlg.txtSize.Text(), c.size) << label;
-    EXPECT_EQ(h.dlg.cmdBrowse.Visible(), c.browse) << label;
-    EXPECT_EQ(h.dlg.fraFormat.Visible(), c.format) << label;
-    EXPECT_EQ(h.dlg.cmdDSCustom.Visible(), c.more) << label;
-    EXPECT_EQ(h.dlg.fraTelvaneDsSettings.Visible(), c.scadaFrame) << label;
-    EXPECT_FALSE(h.dlg.chkSort.Enabled()) << label;
-    EXPECT_TRUE(h.dlg.cmdAddDsv.Enabled() && h.dlg.cmdMoveUp.Enabled() && h.dlg.cmdMoveDown.Enabled()) << label;
-  }
-  EXPECT_FALSE(h.dlg.IsModified());
-}
-
 TEST_F(DsPanel, FillWritesNothingAndShowsTheFormatAndTheViewSort) {
   h.inside.DsSortFlags().AddAfter(4, true);
   h.inside.DsSortFlags().Remove(4);
@@ -58,24 +28,6 @@ TEST_F(DsPanel, FillWritesNothingAndShowsTheFormatAndTheViewSort) {
   EXPECT_FALSE(h.dlg.IsModified());
   EXPECT_FALSE(h.Ds(4)->GetDsAscii());
   EXPECT_EQ(h.Ds(3)->GetDsName(), u"C:\\data\\in.dat");
-}
-
-TEST_F(DsPanel, ADataSourceIsNeverTheResultOfASelectionRun) {
-  const std::pair<int32_t, bool> modes[] = {{kEditInSelect, true}, {kSelectPanelOpen, false}, {kSelect, false}};
-  for (const auto& [mode, okStays] : modes) {
-    h.inside.SetDialogMode(mode);
-    h.dlg.dbOK.SetEnabled(true);
-    Look(u"_Plant1");
-    EXPECT_EQ(h.dlg.dbOK.Enabled(), okStays) << "mode " << mode;
-    Look(u"1:1");
-  }
-}
-
-TEST_F(DsPanel, WithNothingSelectedThePanelHidesAndTheFlagStaysUp) {
-  h.dlg.InitDBForEdit(DisplayFromJson(R"({ "dataSources": [] })"));
-  EXPECT_FALSE(h.dlg.fraDs.Visible());
-  EXPECT_FALSE(h.dlg.cmdAddDsv.Enabled() || h.dlg.cmdDelete.Enabled() || h.dlg.cmdMoveUp.Enabled());
-  EXPECT_TRUE(h.inside.PanelFilling());  // the next fill lowers it
 }
 
 TEST_F(DsPanel, FormatNameAndBrowseGoToTheDataSourceAtOnce) {

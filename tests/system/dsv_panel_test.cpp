@@ -14,11 +14,6 @@ class DsvPanel : public ::testing::Test {
  protected:
   void SetUp() override { h.dlg.InitDBForEdit(h.panels); }
   void Look(const String& key) { ASSERT_TRUE(h.Click(key)) << ToUtf8(key); }
-  std::vector<String> TypeEntries() const {
-    std::vector<String> entries;
-    for (int32_t i = 0; i < h.dlg.cboDsvType.ListCount(); ++i) entries.push_back(h.dlg.cboDsvType.List(i));
-    return entries;
-  }
   PanelHarness h;
 };
 
@@ -47,79 +42,6 @@ TEST_F(DsvPanel, ALookWritesTheShownValueAndScopeBackToTheVariableLookedAt) {
   EXPECT_FALSE(h.dlg.IsModified());
   Look(u"1:1");  // public
   EXPECT_TRUE(h.dlg.IsModified());
-}
-
-TEST_F(DsvPanel, ShowsNameMappingsValueAndButtonsByDataSourceKind) {
-  struct Case {
-    const char16_t* key;
-    const char16_t* mappings;
-    bool value, more, scadaFrame;
-  };
-  const Case cases[] = {{u"1:4", u"2", false, false, false},
-                        {u"2:2", u"0", true, false, false},
-                        {u"6:1", u"0", false, false, true},
-                        {u"6:4", u"0", false, true, false}};
-  for (const Case& c : cases) {
-    Look(c.key);
-    EXPECT_EQ(h.dlg.txtDsvName.Text(), h.Node(c.key)->Text()) << ToUtf8(c.key);
-    EXPECT_EQ(h.dlg.txtMappings.Text(), c.mappings) << ToUtf8(c.key);
-    EXPECT_EQ(h.dlg.txtDsvValue.Visible(), c.value) << ToUtf8(c.key);
-    EXPECT_EQ(h.dlg.lblDsvValue.Visible(), c.value) << ToUtf8(c.key);
-    EXPECT_EQ(h.dlg.cmdDSVcustom.Visible(), c.more) << ToUtf8(c.key);
-    EXPECT_EQ(h.dlg.fraTelvaneDsvSettings.Visible(), c.scadaFrame) << ToUtf8(c.key);
-    EXPECT_TRUE(h.dlg.fraDsv.Visible() && !h.dlg.fraDs.Visible());
-    EXPECT_TRUE(h.dlg.chkSort.Enabled() && h.dlg.cmdMoveUp.Enabled());
-  }
-}
-
-TEST_F(DsvPanel, ASortedDataSourceTicksSortAndLocksTheMoves) {
-  h.inside.DsSortFlags().AddAfter(1, true);
-  h.inside.DsSortFlags().Remove(1);
-  h.inside.RebuildDsvNodes(1);
-  Look(u"1:3");
-  EXPECT_EQ(h.dlg.chkSort.Value(), forms::vbChecked);
-  EXPECT_FALSE(h.dlg.cmdMoveUp.Enabled() || h.dlg.cmdMoveDown.Enabled());
-  Look(u"2:1");
-  EXPECT_EQ(h.dlg.chkSort.Value(), forms::vbUnchecked);
-  EXPECT_TRUE(h.dlg.cmdMoveUp.Enabled() && h.dlg.cmdMoveDown.Enabled());
-}
-
-TEST_F(DsvPanel, ShapeShowsOptionsAndDimensionsByTypeAndParameterList) {
-  struct Case {
-    const char16_t* key;
-    bool scalar, vector, matrix, optionsEnabled;
-    const char16_t* colsCaption;
-    const char16_t* cols;
-    bool colsEnabled;
-    const char16_t* rows;
-    bool rowsEnabled;
-  };
-  const Case cases[] = {
-      {u"1:3", false, false, false, false, u"Length", u"40", true, u"", false},   // Text: its length
-      {u"5:2", false, false, false, false, u"Length", u"40", false, u"", false},  // parameter list: fixed
-      {u"6:1", false, false, true, true, u"Cols", u"3", true, u"2", true},        // SCADA signal type 2: free
-      {u"6:2", true, false, false, false, u"Cols", u"", false, u"", false},       // signal type 1
-      {u"6:3", false, true, false, true, u"Length", u"3", true, u"", false}};     // 18 And 15 is 2
-  for (const Case& c : cases) {
-    Look(c.key);
-    const std::string label = ToUtf8(c.key);
-    if (c.scalar || c.vector || c.matrix) {
-      EXPECT_EQ(h.dlg.optDsvScalar.Value(), c.scalar) << label;
-      EXPECT_EQ(h.dlg.optDsvVector.Value(), c.vector) << label;
-      EXPECT_EQ(h.dlg.optDsvMatrix.Value(), c.matrix) << label;
-    }
-    for (const forms::OptionButton* o : {&h.dlg.optDsvScalar, &h.dlg.optDsvVector, &h.dlg.optDsvMatrix})
-      EXPECT_EQ(o->Enabled(), c.optionsEnabled) << label;
-    if (c.colsEnabled) {
-      EXPECT_EQ(h.dlg.lblDsvCols.Caption(), c.colsCaption) << label;
-    }
-    EXPECT_EQ(h.dlg.txtDsvCols.Text(), c.cols) << label;
-    EXPECT_EQ(h.dlg.txtDsvCols.Enabled(), c.colsEnabled) << label;
-    EXPECT_EQ(h.dlg.lblDsvCols.Enabled(), c.colsEnabled) << label;
-    EXPECT_EQ(h.dlg.txtDsvRows.Text(), c.rows) << label;
-    EXPECT_EQ(h.dlg.txtDsvRows.Enabled(), c.rowsEnabled) << label;
-    EXPECT_EQ(h.dlg.lblDsvRows.Enabled(), c.rowsEnabled) << label;
-  }
 }
 
 TEST_F(DsvPanel, ChoosingATypeWritesItAndResetsTheShape) {
@@ -200,16 +122,6 @@ TEST_F(DsvPanel, MoreHandsTheVariableToTheHostThenRebuildsItsDataSource) {
   ASSERT_TRUE(h.dlg.cmdDSVcustom.UserClick());  // the host's error ends the command quietly
   EXPECT_EQ(calls, 2);
   EXPECT_EQ(h.Node(u"5:2")->Text(), u"Renamed");  // no rebuild after the error
-}
-
-TEST_F(DsvPanel, SignalTypeIsTheLowNibbleOfParameterThreeOrMinusOne) {
-  const std::pair<int32_t, int32_t> expected[] = {{1, 2}, {2, 1}, {3, 2}, {4, -1}};
-  for (const auto& [dsv, type] : expected) EXPECT_EQ(h.inside.GetDsvSignalType(h.Var(6, dsv)), type) << dsv;
-  h.Var(6, 4)->Params()->AppendEmpty();
-  h.Var(6, 4)->Params()->AppendEmpty();
-  EXPECT_EQ(h.inside.GetDsvSignalType(h.Var(6, 4)), 0);  // an Empty code reads as 0
-  h.Var(6, 4)->Params()->Item(3)->SetParamValue(toolkit::paramtype::kText, u"255");
-  EXPECT_EQ(h.inside.GetDsvSignalType(h.Var(6, 4)), 15);
 }
 
 }  // namespace

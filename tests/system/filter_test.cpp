@@ -73,9 +73,10 @@ struct StatusCase {
 
 TEST(SelectStatus, DescribesTheFilterWithEveryTypeWordAndShape) {
   const StatusCase cases[] = {
-      {1, 501, 0, 0, u"Select: Numeric, any shape."},          {1, 10, 0, 0, u"Select: Any type, any shape."},
-      {1, 8, 0, 4, u"Select: Double, Vector[4],Matrix[*][4]"}, {1, 8, 1, 0, u"Select: Double, Vector[*]"},
-      {1, 8, 2, 3, u"Select: Double, Matrix[2][3]"},           {5, 9, 1, 1, u"Select: Writable, Text, Scalar"}};
+      {1, 501, 0, 0, u"Select: Numeric, any shape."}, {1, 10, 0, 0, u"Select: Any type, any shape."},
+      {1, 1, 0, 0, u"Select: Byte, any shape."},      {1, 8, 0, 4, u"Select: Double, Vector[4],Matrix[*][4]"},
+      {1, 8, 1, 0, u"Select: Double, Vector[*]"},     {1, 8, 2, 3, u"Select: Double, Matrix[2][3]"},
+      {5, 9, 1, 1, u"Select: Writable, Text, Scalar"}};
   BrowserHarness h;
   for (const StatusCase& c : cases) {
     h.dlg.InitDBForSelect(h.plant, c.context, c.type, c.rows, c.cols);

@@ -6,31 +6,6 @@
 namespace vd::system_test {
 namespace {
 
-TEST(EditingRun, ShowsCloseAloneWithThePanelOpenAndReportsNoChange) {
-  BrowserHarness h;
-  h.user
-      .Check([&] {
-        EXPECT_EQ(h.dlg.Caption(), u"Data Selection");
-        EXPECT_FALSE(h.dlg.dbOK.Visible());
-        EXPECT_FALSE(h.dlg.dbEdit.Visible());
-        EXPECT_EQ(h.dlg.dbClose.Left(), h.inside.CloseLeftAlone());
-        EXPECT_EQ(h.dlg.Width(), h.inside.ExpandedWidth());
-        EXPECT_EQ(h.dlg.sbSelectStatus.SimpleText(), u"Select: Any type, any shape.");
-        EXPECT_FALSE(h.desk.IsModified());
-      })
-      .SelectNode(h.dlg.treDataSources, u"1:1")
-      .Check([&] { EXPECT_FALSE(h.dlg.dbOK.Enabled()); })  // nothing is offered in an editing run
-      .Check([&] { h.inside.SetModified(); })              // as an edit of a panel does
-      .Click(h.dlg.dbClose);
-  h.desk.EditDataSources(h.plant);
-  EXPECT_FALSE(h.dlg.Visible());
-  EXPECT_TRUE(h.desk.IsModified());
-
-  h.user.Check([&] { EXPECT_FALSE(h.desk.IsModified()); }).Click(h.dlg.dbClose);
-  h.desk.EditDataSources(h.plant);
-  EXPECT_FALSE(h.desk.IsModified());
-}
-
 struct ContextCase {
   int32_t context;
   const char16_t* caption;
