@@ -85,6 +85,8 @@ if wants src/win32; then
     [[ $dir == */c++* ]] && win_args+=("--extra-arg=-isystem$dir")
   done < <("$compiler" -E -x c++ - -v </dev/null 2>&1 | sed -n '/<\.\.\.> search starts/,/End of search/p' |
     sed -n 's/^ //p')
+  # Options only GCC knows (a test program's -Wno-restrict) are no finding.
+  win_args+=("--extra-arg=-Wno-unknown-warning-option")
 fi
 
 log=$(mktemp -d "${TMPDIR:-/tmp}/vd-lint.XXXXXX")
